@@ -1,0 +1,113 @@
+#pragma once
+
+// The board control: one game with its annotations and the ply shown, drawn as a chess board
+// with the players' names, and played with the mouse. All chess knowledge is in the core
+// (board/core); this widget forwards to it, paints, and raises the events.
+
+#include "core/BoardGame.h"
+
+#include <QColor>
+#include <QString>
+#include <QWidget>
+
+#include <cstdint>
+
+class Tavlon : public QWidget {
+    Q_OBJECT
+public:
+    explicit Tavlon(QWidget* parent = nullptr);
+
+    // Methods. Errors come back as tavlon::BoardError.
+    void NewGame();
+    void MoveFirst();
+    void MovePrevious();
+    void MoveNext();
+    void MoveLast();
+    void LoadMoves(const QString& moves);
+    void LoadMovesFrom(const QString& forsyth, const QString& moves);
+    void SetPosition(const QString& forsyth);
+    void GotoPly(int16_t ply);
+    void SetAnnotation(const QString& text);
+    void GetAnnotation(QString& text) const;
+    void RefreshForsyth(int16_t ply);
+
+    // Read-only properties.
+    int16_t Ply() const;
+    int16_t GameLength() const;
+    int16_t FiftyMoveCount() const;
+    int16_t MoveNumber() const;
+    int16_t ListMoveNumber() const;
+    QString EPSquare() const;
+    QString OnMove() const;
+    QString CastleRights() const;
+    QString LastMoveText() const;
+    QString CurrentForsyth() const { return currentForsyth_; }
+    QString MovesAsList() const;
+    QString MovesAsParagraph() const;
+    QString MovesAnnotated() const;
+
+    // Read-write properties.
+    bool GameChanged() const;
+    void setGameChanged(bool changed);
+    QString WhitePlayer() const { return whitePlayer_; }
+    void setWhitePlayer(const QString& name);
+    QString BlackPlayer() const { return blackPlayer_; }
+    void setBlackPlayer(const QString& name);
+    QString GameResult() const;
+    void setGameResult(const QString& result);
+    QString ViewColor() const { return viewColor_; }
+    void setViewColor(const QString& color);
+    QString PromotionPiece() const { return promotionPiece_; }
+    void setPromotionPiece(const QString& piece);
+    // Colour values are red-lowest: red + 256 * green + 65536 * blue.
+    int32_t LightSquareColor() const { return lightSquareColor_; }
+    void setLightSquareColor(int32_t color);
+    int32_t DarkSquareColor() const { return darkSquareColor_; }
+    void setDarkSquareColor(int32_t color);
+
+    // The design size in twips and where its 64 squares stand in it.
+    static constexpr int kDesignWidthTwips = 4455;
+    static constexpr int kDesignHeightTwips = 5235;
+    static constexpr int kSquaresLeftTwips = 330;
+    static constexpr int kSquaresTopTwips = 420;
+    static constexpr int kSquaresSizeTwips = 4035;
+    // The squares' rectangle in widget pixels at the present size.
+    QRectF squaresRect() const;
+
+    const tavlon::BoardGame& boardGame() const { return game_; }
+    QSize sizeHint() const override;
+
+signals:
+    void MoveAdded();
+    void MovedFirst();
+    void MovedPrevious();
+    void MovedNext();
+    void MovedLast();
+    void BoardNoticeA();
+    void BoardNoticeB();
+    void BoardNoticeC();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    tavlon::BoardGame game_;
+    QString currentForsyth_;
+    QString whitePlayer_;
+    QString blackPlayer_;
+    QString viewColor_ = QStringLiteral("W");
+    QString promotionPiece_ = QStringLiteral("Q");
+    int32_t lightSquareColor_ = 0xFFFFFF;
+    int32_t darkSquareColor_ = 0xC0C0C0;
+    // Mouse state: the square picked up (-1 none), the pointer while dragging.
+    int pickedSquare_ = -1;
+    bool dragging_ = false;
+    QPointF dragPoint_;
+    int squareAt(QPointF point) const;
+    void playUserMove(int from, int to);
+};

@@ -1,0 +1,101 @@
+#pragma once
+
+// One game with its annotations and the ply shown: everything the board control knows, without
+// any Qt. The Tavlon widget is a thin shell over this class.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavlon {
+
+// A move text, a Forsyth string or a move the board cannot use.
+class BoardError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+class Game; // the game tree (MoveText.h)
+class Position;
+
+// Squares are 0 (a1) to 63 (h8): file + 8 * rank.
+// Pieces for drawing: ' ' empty, "KQRBNP" white, "kqrbnp" black.
+class BoardGame {
+public:
+    BoardGame();
+    ~BoardGame();
+    BoardGame(const BoardGame&);
+    BoardGame& operator=(const BoardGame&);
+
+    // The normal start position, no moves, result "*", ply 0, not changed.
+    void newGame();
+    // Replaces the game by the stored move text, played from the normal start position or from
+    // `forsyth`. On any error throws BoardError naming the ply and the token, and keeps the
+    // previous game. Afterwards ply 0 and not changed; the result token, if any, sets the result.
+    void loadMoves(std::string_view movesText);
+    void loadMovesFrom(std::string_view forsyth, std::string_view movesText);
+    // A new game without moves that starts from `forsyth`; throws BoardError if unusable.
+    void setPosition(std::string_view forsyth);
+
+    // Shows that ply of the main line; past the end goes to the end, below 0 to 0.
+    void gotoPly(int ply);
+    int ply() const;
+    int gameLength() const;
+
+    // Of the position shown.
+    int fiftyMoveCount() const; // full moves since the last pawn move or capture
+    int moveNumber() const;     // the Forsyth move number
+    int listMoveNumber() const; // number of the move that led here; 0 at ply 0
+    std::string epSquare() const;    // "e3", or "-"
+    std::string onMove() const;      // "White" or "Black"
+    std::string castleRights() const; // "KQkq" letters that apply, or "-"
+    std::string lastMoveText() const; // SAN of the move that led here, "" at ply 0
+    char pieceAt(int square) const;
+    // From and to square of the move that led here.
+    std::optional<std::pair<int, int>> lastMove() const;
+
+    // The six-field Forsyth string of any ply of the main line.
+    std::string forsythAt(int ply) const;
+
+    // Annotation (comment text, without braces) of the shown ply; ply 0 is the text before the
+    // first move.
+    std::string annotation() const;
+    void setAnnotation(std::string_view text);
+
+    // "1. e4 e5" one pair a line; "1.e4 e5 2.Nf3" wrapped; full PGN export text. All use
+    // CR LF line ends and end in the result.
+    std::string movesAsList() const;
+    std::string movesAsParagraph() const;
+    std::string movesAnnotated() const;
+
+    std::string result() const;
+    void setResult(std::string_view result);
+
+    bool changed() const;
+    void setChanged(bool changed);
+
+    // Mouse moves on the shown position.
+    std::vector<int> legalTargets(int from) const;
+    bool isPromotion(int from, int to) const;
+    enum class PlayOutcome { Illegal, SteppedNext, Added };
+    // `promotion` is one of "QRBN" (ignored when the move is no promotion). Playing the game's
+    // next move only steps forward. Any other legal move becomes the main line from here, and
+    // the old continuation is kept as a variation at this point; then the game is changed.
+    PlayOutcome playMove(int from, int to, char promotion);
+
+    const Game& game() const;
+
+private:
+    std::unique_ptr<Game> game_;
+    int ply_ = 0;
+    bool changed_ = false;
+    void rebuildCache();
+    struct Cache;
+    std::unique_ptr<Cache> cache_;
+};
+
+} // namespace tavlon

@@ -1,0 +1,14 @@
+#include "platform/QtPlatform.h"
+#include "viewer/Application.h"
+#include "viewer/frmMain.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[]) {
+    QApplication qapp(argc, argv);
+    tolvisk::QtPlatform platform;
+    tolvisk::Application app(platform);
+    frmMain& main = app.loadMain();
+    main.show();
+    return qapp.exec();
+}

@@ -1,0 +1,137 @@
+#pragma once
+
+// Thin wrappers that give Qt widgets the control semantics the windows rely on, so each rule is
+// written once: a list box whose selection change by code raises Click, 16-bit indexes, text
+// boxes whose text and selection count CR LF as two characters, a toolbar addressed by key, a
+// four-panel status bar and a timer whose enabling restarts its interval.
+
+#include <QAction>
+#include <QLabel>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QStatusBar>
+#include <QStringList>
+#include <QTimer>
+#include <QToolBar>
+
+#include <cstdint>
+#include <map>
+
+namespace tolvisk {
+
+class StringListModel;
+
+// An unsorted list box. Indexes are 16-bit; -1 is no selection.
+class ListBox : public QListView {
+    Q_OBJECT
+public:
+    explicit ListBox(QWidget* parent = nullptr);
+
+    int16_t ListIndex() const;
+    // Selects the entry (or none for -1) and raises Click, whoever assigns it.
+    void setListIndex(int16_t index);
+    int16_t ListCount() const;
+    QString List(int16_t index) const;
+    void setList(int16_t index, const QString& text);
+    void AddItem(const QString& text);
+    // Inserts before `index`.
+    void AddItem(const QString& text, int16_t index);
+    void RemoveItem(int16_t index);
+    void Clear();
+    // Replaces all entries at once (fast path for long lists); no selection afterwards.
+    void setItems(QStringList items);
+    QStringList items() const;
+
+signals:
+    void Click();
+    void DblClick();
+
+private:
+    StringListModel* model_;
+    bool settingIndex_ = false;
+};
+
+// A text box. `Text()` and the selection use the program's view of the text, in which a line
+// ends in CR LF; the widget shows ordinary lines.
+class TextBox : public QPlainTextEdit {
+    Q_OBJECT
+public:
+    explicit TextBox(QWidget* parent = nullptr);
+
+    QString Text() const;
+    void setText(const QString& text);
+    int SelStart() const;
+    void setSelStart(int start);
+    int SelLength() const;
+    void setSelLength(int length);
+    QString SelText() const;
+
+signals:
+    // Raised after a double click has selected the blank-delimited word under the pointer.
+    void DblClick();
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+};
+
+// A toolbar whose buttons are found by key. Separators and placeholders have no key.
+class ToolBar : public QToolBar {
+    Q_OBJECT
+public:
+    explicit ToolBar(QWidget* parent = nullptr);
+
+    QAction* addButton(const QString& key, const QString& toolTip, const QIcon& icon,
+                       bool toggle = false);
+    void addSeparatorButton();
+    void addPlaceholder(int widthPixels);
+    QAction* button(const QString& key) const;
+    // Position 1 to count, separators and placeholders included.
+    QString keyAt(int position) const;
+    int buttonCount() const;
+    // Pressed state of a toggle button.
+    void setPressed(const QString& key, bool pressed);
+    bool pressed(const QString& key) const;
+
+signals:
+    void ButtonClick(const QString& key);
+
+private:
+    std::map<QString, QAction*> buttons_;
+    QStringList keys_;
+};
+
+// A status bar with text panels 1 and 2 and date and time panels 3 and 4, which it keeps
+// current itself.
+class PanelStatusBar : public QStatusBar {
+    Q_OBJECT
+public:
+    explicit PanelStatusBar(QWidget* parent = nullptr);
+
+    QString panelText(int panel) const;
+    void setPanelText(int panel, const QString& text);
+
+private:
+    void updateClock();
+    QLabel* panels_[4];
+    QTimer clock_;
+};
+
+// A timer whose interval is in milliseconds; enabling it (again) restarts the interval.
+class Timer : public QObject {
+    Q_OBJECT
+public:
+    explicit Timer(QObject* parent = nullptr);
+    bool Enabled() const { return enabled_; }
+    void setEnabled(bool enabled);
+    int Interval() const { return timer_.interval(); }
+    void setInterval(int ms);
+
+signals:
+    void Tick();
+
+private:
+    QTimer timer_;
+    bool enabled_ = false;
+};
+
+} // namespace tolvisk
