@@ -4,13 +4,19 @@
 // with the players' names, and played with the mouse. All chess knowledge is in the core
 // (board/core); this widget forwards to it, paints, and raises the events.
 
+#include "BoardLayout.h"
+#include "PiecePainter.h"
 #include "core/BoardGame.h"
 
 #include <QColor>
+#include <QFont>
+#include <QStaticText>
 #include <QString>
 #include <QWidget>
 
+#include <array>
 #include <cstdint>
+#include <vector>
 
 class Tavlon : public QWidget {
     Q_OBJECT
@@ -75,7 +81,10 @@ public:
     QRectF squaresRect() const;
 
     const tavlon::BoardGame& boardGame() const { return game_; }
+    // The square (0 = a1 ... 63 = h8) picked up for a mouse move, or -1.
+    int selectedSquare() const { return pickedSquare_; }
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 signals:
     void MoveAdded();
@@ -110,4 +119,42 @@ private:
     QPointF dragPoint_;
     int squareAt(QPointF point) const;
     void playUserMove(int from, int to);
+
+    // More of the mouse state: where the button went down, whether it is still down, whether
+    // it went down on the square already picked, and the legal targets of the picked square.
+    QPointF pressPoint_;
+    bool mouseHeld_ = false;
+    bool pressedOnPicked_ = false;
+    std::vector<int> targets_;
+    int wheelRemainder_ = 0; // wheel turn not yet a whole step
+
+    // Layout and drawing caches, rebuilt when the size, the screen, the font or the names change.
+    mutable BoardLayout layout_;
+    PiecePainter pieces_;
+    mutable bool paintCacheValid_ = false;
+    QFont labelFont_;
+    QFont nameFont_;
+    std::array<QStaticText, 8> fileTexts_;
+    std::array<QStaticText, 8> rankTexts_;
+    QString topNameShown_;
+    QString bottomNameShown_;
+
+    const BoardLayout& layout() const;
+    void preparePaint();
+    bool whiteAtBottom() const;
+    QRect squareCell(int square) const;
+    bool whiteToMove() const;
+    bool isOwnPiece(int square) const;
+    void pick(int square);
+    void dropPick();
+    void positionShown();
+    void userStep(int targetPly, void (Tavlon::*notice)());
+    char promotionLetter() const;
+    void paintSquares(QPainter& painter, const BoardLayout& layout);
+    void paintLabels(QPainter& painter, const BoardLayout& layout);
+    void paintPieces(QPainter& painter, const BoardLayout& layout);
+    void paintNames(QPainter& painter, const BoardLayout& layout);
+
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 };
