@@ -36,7 +36,10 @@ public:
     // The windows loaded now, frmMain first: the collection the closing sequence walks.
     std::vector<QWidget*> forms() const;
     void registerForm(QWidget* form);
+    // Closes the window through its own closing handlers; a window that agrees is destroyed.
     void unloadForm(QWidget* form);
+    // Drops a window that closed by itself from the collection.
+    void forgetForm(QWidget* form);
 
     // Shows a tool window, loading it if it is not loaded, not modally. Tool windows are
     // loaded on first show and destroyed when closed.

@@ -169,6 +169,15 @@ public:
     void WriteStartupFile();
 
     tolvisk::Application& app() { return app_; }
+    // The folder the File Open dialog starts in: the bundled samples until another folder has
+    // been used.
+    QString openDialogStartDir();
+    void rememberOpenDir(const QString& path);
+    // Runs a handler for an event; an error no handler took is shown in a box, not fatal.
+    void run(void (frmMain::*handler)());
+    // A control's top in twips from the top of the client area, toolbar included.
+    void setTopTwips(QWidget* widget, int top);
+    int topTwips(QWidget* widget) const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -182,4 +191,5 @@ private:
     void createMenus();
     void createToolbar();
     void connectHandlers();
+    QString lastOpenDir_;
 };
