@@ -3,8 +3,11 @@
 // One game with its annotations and the ply shown: everything the board control knows, without
 // any Qt. The Tavlon widget is a thin shell over this class.
 
+#include "BoardError.h"
+#include "MoveText.h"
+#include "Position.h"
+
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -13,23 +16,11 @@
 
 namespace tavlon {
 
-// A move text, a Forsyth string or a move the board cannot use.
-class BoardError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-class Game; // the game tree (MoveText.h)
-class Position;
-
 // Squares are 0 (a1) to 63 (h8): file + 8 * rank.
 // Pieces for drawing: ' ' empty, "KQRBNP" white, "kqrbnp" black.
 class BoardGame {
 public:
     BoardGame();
-    ~BoardGame();
-    BoardGame(const BoardGame&);
-    BoardGame& operator=(const BoardGame&);
 
     // The normal start position, no moves, result "*", ply 0, not changed.
     void newGame();
@@ -87,15 +78,17 @@ public:
     // the old continuation is kept as a variation at this point; then the game is changed.
     PlayOutcome playMove(int from, int to, char promotion);
 
-    const Game& game() const;
+    const Game& game() const { return game_; }
+    const Position& positionAt(int ply) const { return positions_[size_t(ply)]; }
 
 private:
-    std::unique_ptr<Game> game_;
+    void load(const Position& start, std::string_view movesText);
+    void rebuild();
+    Game game_;
     int ply_ = 0;
     bool changed_ = false;
-    void rebuildCache();
-    struct Cache;
-    std::unique_ptr<Cache> cache_;
+    std::vector<Position> positions_; // after 0, 1, ... plies of the main line
+    std::vector<std::string> sans_;   // of the moves that led there
 };
 
 } // namespace tavlon

@@ -1,0 +1,234 @@
+#include "BoardGame.h"
+
+#include "San.h"
+
+#include <algorithm>
+
+namespace tavlon {
+
+BoardGame::BoardGame() {
+    rebuild();
+}
+
+void BoardGame::rebuild() {
+    positions_.assign(1, game_.start);
+    sans_.clear();
+    positions_.reserve(game_.main.moves.size() + 1);
+    sans_.reserve(game_.main.moves.size());
+    for (const Node& node : game_.main.moves) {
+        sans_.push_back(writeSan(positions_.back(), node.move));
+        positions_.push_back(positions_.back());
+        positions_.back().play(node.move);
+    }
+    ply_ = std::clamp(ply_, 0, gameLength());
+}
+
+void BoardGame::newGame() {
+    game_ = Game{};
+    ply_ = 0;
+    changed_ = false;
+    rebuild();
+}
+
+void BoardGame::loadMoves(std::string_view movesText) {
+    load(Position::start(), movesText);
+}
+
+void BoardGame::loadMovesFrom(std::string_view forsyth, std::string_view movesText) {
+    load(Position::fromForsyth(forsyth), movesText);
+}
+
+void BoardGame::load(const Position& start, std::string_view movesText) {
+    Game game = readMoveText(movesText, start);
+    game_ = std::move(game);
+    ply_ = 0;
+    changed_ = false;
+    rebuild();
+}
+
+void BoardGame::setPosition(std::string_view forsyth) {
+    Game game;
+    game.start = Position::fromForsyth(forsyth);
+    game_ = std::move(game);
+    ply_ = 0;
+    rebuild();
+}
+
+void BoardGame::gotoPly(int ply) {
+    ply_ = std::clamp(ply, 0, gameLength());
+}
+
+int BoardGame::ply() const { return ply_; }
+int BoardGame::gameLength() const { return int(game_.main.moves.size()); }
+
+int BoardGame::fiftyMoveCount() const { return positions_[size_t(ply_)].halfmoveClock() / 2; }
+int BoardGame::moveNumber() const { return positions_[size_t(ply_)].fullmoveNumber(); }
+int BoardGame::listMoveNumber() const {
+    return ply_ == 0 ? 0 : positions_[size_t(ply_ - 1)].fullmoveNumber();
+}
+
+std::string BoardGame::epSquare() const {
+    const int ep = positions_[size_t(ply_)].epSquare();
+    if (ep < 0)
+        return "-";
+    return std::string{char('a' + fileOf(ep)), char('1' + rankOf(ep))};
+}
+
+std::string BoardGame::onMove() const {
+    return positions_[size_t(ply_)].sideToMove() == White ? "White" : "Black";
+}
+
+std::string BoardGame::castleRights() const {
+    const std::string f = positions_[size_t(ply_)].forsyth();
+    // The third field of the Forsyth string.
+    size_t a = f.find(' ');
+    a = f.find(' ', a + 1);
+    const size_t b = f.find(' ', a + 1);
+    return f.substr(a + 1, b - a - 1);
+}
+
+std::string BoardGame::lastMoveText() const {
+    return ply_ == 0 ? std::string() : sans_[size_t(ply_ - 1)];
+}
+
+char BoardGame::pieceAt(int square) const {
+    static const char letters[] = " PNBRQK";
+    const Piece p = positions_[size_t(ply_)].at(square);
+    if (!p)
+        return ' ';
+    const char c = letters[typeOf(p)];
+    return colorOf(p) == White ? c : char(c + ('a' - 'A'));
+}
+
+std::optional<std::pair<int, int>> BoardGame::lastMove() const {
+    if (ply_ == 0)
+        return std::nullopt;
+    const Move m = game_.main.moves[size_t(ply_ - 1)].move;
+    if (m.isNull())
+        return std::nullopt;
+    if (m.isCastle())
+        return std::make_pair(int(m.from), Position::castleKingTarget(m));
+    return std::make_pair(int(m.from), int(m.to));
+}
+
+std::string BoardGame::forsythAt(int ply) const {
+    return positions_[size_t(std::clamp(ply, 0, gameLength()))].forsyth();
+}
+
+std::string BoardGame::annotation() const {
+    return ply_ == 0 ? game_.main.leadComment : game_.main.moves[size_t(ply_ - 1)].comment;
+}
+
+void BoardGame::setAnnotation(std::string_view text) {
+    std::string& target =
+        ply_ == 0 ? game_.main.leadComment : game_.main.moves[size_t(ply_ - 1)].comment;
+    target = std::string(text);
+}
+
+std::string BoardGame::movesAsList() const { return writeList(game_); }
+std::string BoardGame::movesAsParagraph() const { return writeParagraph(game_); }
+std::string BoardGame::movesAnnotated() const { return writeAnnotated(game_); }
+
+std::string BoardGame::result() const { return game_.result; }
+void BoardGame::setResult(std::string_view result) { game_.result = std::string(result); }
+
+bool BoardGame::changed() const { return changed_; }
+void BoardGame::setChanged(bool changed) { changed_ = changed; }
+
+namespace {
+
+// The square a move is made to with the mouse: castling is the king's two-square step (or onto
+// its own rook where the king would not move).
+int uiTarget(Move m) {
+    if (!m.isCastle())
+        return m.to;
+    const int target = Position::castleKingTarget(m);
+    return target == m.from ? m.to : target;
+}
+
+} // namespace
+
+std::vector<int> BoardGame::legalTargets(int from) const {
+    MoveList moves;
+    positions_[size_t(ply_)].legalMoves(moves);
+    std::vector<int> targets;
+    for (Move m : moves)
+        if (m.from == from && !m.isNull()) {
+            const int t = uiTarget(m);
+            if (std::find(targets.begin(), targets.end(), t) == targets.end())
+                targets.push_back(t);
+        }
+    return targets;
+}
+
+bool BoardGame::isPromotion(int from, int to) const {
+    MoveList moves;
+    positions_[size_t(ply_)].legalMoves(moves);
+    for (Move m : moves)
+        if (m.from == from && uiTarget(m) == to && m.promotion)
+            return true;
+    return false;
+}
+
+BoardGame::PlayOutcome BoardGame::playMove(int from, int to, char promotion) {
+    MoveList moves;
+    positions_[size_t(ply_)].legalMoves(moves);
+    const PieceType wanted = promotion == 'R' ? Rook
+                             : promotion == 'B' ? Bishop
+                             : promotion == 'N' ? Knight
+                                                : Queen;
+    std::optional<Move> chosen;
+    for (Move m : moves) {
+        if (m.from != from || uiTarget(m) != to)
+            continue;
+        if (m.promotion && m.promotion != wanted)
+            continue;
+        chosen = m;
+        break;
+    }
+    if (!chosen)
+        return PlayOutcome::Illegal;
+    std::vector<Node>& line = game_.main.moves;
+    const size_t p = size_t(ply_);
+    if (p < line.size() && line[p].move == *chosen) {
+        ++ply_;
+        return PlayOutcome::SteppedNext;
+    }
+    if (p == line.size()) {
+        line.push_back(Node{*chosen, {}, {}, {}});
+    } else {
+        // The old continuation stays as a variation; a variation that starts with this move
+        // becomes the main line instead of a new one.
+        std::vector<Line> alternatives = std::move(line[p].variations);
+        Line old;
+        old.moves.assign(std::make_move_iterator(line.begin() + std::ptrdiff_t(p)),
+                         std::make_move_iterator(line.end()));
+        line.erase(line.begin() + std::ptrdiff_t(p), line.end());
+        std::vector<Node> continuation{Node{*chosen, {}, {}, {}}};
+        for (auto it = alternatives.begin(); it != alternatives.end(); ++it) {
+            if (!it->moves.empty() && it->moves.front().move == *chosen) {
+                continuation = std::move(it->moves);
+                if (!it->leadComment.empty()) {
+                    std::string& c = continuation.front().comment;
+                    c = it->leadComment + (c.empty() ? "" : " " + c);
+                }
+                alternatives.erase(it);
+                break;
+            }
+        }
+        Node& first = continuation.front();
+        std::vector<Line> variations = std::move(first.variations);
+        variations.insert(variations.begin(), std::move(old));
+        for (Line& alt : alternatives)
+            variations.push_back(std::move(alt));
+        first.variations = std::move(variations);
+        for (Node& n : continuation)
+            line.push_back(std::move(n));
+    }
+    changed_ = true;
+    rebuild();
+    ply_ = int(p) + 1;
+    return PlayOutcome::Added;
+}
+
+} // namespace tavlon

@@ -1,0 +1,226 @@
+// Reading and writing the six-field Forsyth string of a position.
+
+#include "BoardError.h"
+#include "Position.h"
+
+#include <cctype>
+#include <charconv>
+#include <vector>
+
+namespace tavlon {
+
+namespace {
+
+std::vector<std::string_view> fields(std::string_view s) {
+    std::vector<std::string_view> out;
+    size_t i = 0;
+    while (i < s.size()) {
+        while (i < s.size() && (s[i] == ' ' || s[i] == '\t'))
+            ++i;
+        size_t j = i;
+        while (j < s.size() && s[j] != ' ' && s[j] != '\t')
+            ++j;
+        if (j > i)
+            out.push_back(s.substr(i, j - i));
+        i = j;
+    }
+    return out;
+}
+
+int toNumber(std::string_view s, int fallback) {
+    int value = 0;
+    auto [ptr, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
+    if (ec != std::errc() || ptr != s.data() + s.size() || value < 0)
+        return fallback;
+    return value;
+}
+
+PieceType pieceType(char c) {
+    switch (std::tolower(static_cast<unsigned char>(c))) {
+    case 'p': return Pawn;
+    case 'n': return Knight;
+    case 'b': return Bishop;
+    case 'r': return Rook;
+    case 'q': return Queen;
+    case 'k': return King;
+    default: return NoType;
+    }
+}
+
+const char kLetters[] = " PNBRQK";
+
+} // namespace
+
+Position Position::fromForsyth(std::string_view text) {
+    const std::vector<std::string_view> f = fields(text);
+    if (f.empty())
+        throw BoardError("Empty Forsyth string");
+    Position pos;
+    int rank = 7, file = 0;
+    for (char c : f[0]) {
+        if (c == '/') {
+            if (file != 8)
+                throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is not 8 squares");
+            --rank;
+            file = 0;
+            if (rank < 0)
+                throw BoardError("Forsyth string has more than 8 ranks");
+        } else if (c >= '1' && c <= '8') {
+            file += c - '0';
+            if (file > 8)
+                throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
+        } else {
+            const PieceType t = pieceType(c);
+            if (t == NoType)
+                throw BoardError(std::string("Unknown piece letter '") + c + "' in Forsyth string");
+            if (file > 7)
+                throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
+            pos.put(makeSquare(file, rank), makePiece(std::isupper(static_cast<unsigned char>(c)) ? White : Black, t));
+            ++file;
+        }
+    }
+    if (rank != 0 || file != 8)
+        throw BoardError("Forsyth string does not have 8 ranks of 8 squares");
+    if (pos.king_[White] < 0)
+        throw BoardError("Forsyth string has no white king");
+    if (pos.king_[Black] < 0)
+        throw BoardError("Forsyth string has no black king");
+
+    if (f.size() > 1) {
+        if (f[1] == "w" || f[1] == "W")
+            pos.side_ = White;
+        else if (f[1] == "b" || f[1] == "B")
+            pos.side_ = Black;
+        else
+            throw BoardError("Unknown side to move \"" + std::string(f[1]) + "\" in Forsyth string");
+    }
+    if (f.size() > 2 && f[2] != "-") {
+        for (char c : f[2]) {
+            const Color color = std::isupper(static_cast<unsigned char>(c)) ? White : Black;
+            const int home = color == White ? 0 : 7;
+            const int kingSq = pos.king_[color];
+            if (rankOf(kingSq) != home)
+                continue;
+            const char u = char(std::toupper(static_cast<unsigned char>(c)));
+            const Piece rook = makePiece(color, Rook);
+            int rookFile = -1;
+            if (u == 'K') {
+                for (int x = 7; x > fileOf(kingSq); --x)
+                    if (pos.board_[makeSquare(x, home)] == rook) {
+                        rookFile = x;
+                        break;
+                    }
+            } else if (u == 'Q') {
+                for (int x = 0; x < fileOf(kingSq); ++x)
+                    if (pos.board_[makeSquare(x, home)] == rook) {
+                        rookFile = x;
+                        break;
+                    }
+            } else if (u >= 'A' && u <= 'H') {
+                rookFile = u - 'A';
+            } else {
+                continue;
+            }
+            if (rookFile < 0 || pos.board_[makeSquare(rookFile, home)] != rook)
+                continue;
+            pos.castle_[color][rookFile > fileOf(kingSq) ? 0 : 1] = int8_t(rookFile);
+        }
+    }
+    pos.sanitiseRights();
+    if (f.size() > 3 && f[3] != "-" && f[3].size() == 2) {
+        const int ef = f[3][0] - 'a', er = f[3][1] - '1';
+        const int wantRank = pos.side_ == White ? 5 : 2;
+        if (ef >= 0 && ef < 8 && er == wantRank) {
+            const int sq = makeSquare(ef, er);
+            const int pawnSq = sq + (pos.side_ == White ? -8 : 8);
+            const int fromSq = sq + (pos.side_ == White ? 8 : -8);
+            if (!pos.board_[sq] && !pos.board_[fromSq] &&
+                pos.board_[pawnSq] == makePiece(Color(pos.side_ ^ 1), Pawn))
+                pos.ep_ = sq;
+        }
+    }
+    pos.halfmove_ = f.size() > 4 ? toNumber(f[4], 0) : 0;
+    pos.fullmove_ = f.size() > 5 ? toNumber(f[5], 1) : 1;
+    if (pos.fullmove_ < 1)
+        pos.fullmove_ = 1;
+    return pos;
+}
+
+void Position::sanitiseRights() {
+    chess960_ = false;
+    for (int c = 0; c < 2; ++c) {
+        const int home = c == White ? 0 : 7;
+        const int kingSq = king_[c];
+        for (int side = 0; side < 2; ++side) {
+            const int rf = castle_[c][side];
+            if (rf < 0)
+                continue;
+            const bool ok = kingSq >= 0 && rankOf(kingSq) == home &&
+                            board_[makeSquare(rf, home)] == makePiece(Color(c), Rook) &&
+                            (side == 0 ? rf > fileOf(kingSq) : rf < fileOf(kingSq));
+            if (!ok) {
+                castle_[c][side] = -1;
+                continue;
+            }
+            if (fileOf(kingSq) != 4 || rf != (side == 0 ? 7 : 0))
+                chess960_ = true;
+        }
+    }
+}
+
+std::string Position::forsyth() const {
+    std::string s;
+    s.reserve(90);
+    for (int rank = 7; rank >= 0; --rank) {
+        int empty = 0;
+        for (int file = 0; file < 8; ++file) {
+            const Piece p = board_[makeSquare(file, rank)];
+            if (!p) {
+                ++empty;
+                continue;
+            }
+            if (empty)
+                s += char('0' + empty);
+            empty = 0;
+            const char letter = kLetters[typeOf(p)];
+            s += colorOf(p) == White ? letter : char(std::tolower(static_cast<unsigned char>(letter)));
+        }
+        if (empty)
+            s += char('0' + empty);
+        if (rank)
+            s += '/';
+    }
+    s += side_ == White ? " w " : " b ";
+    std::string rights;
+    for (int c = 0; c < 2; ++c) {
+        for (int side = 0; side < 2; ++side) {
+            const int rf = castle_[c][side];
+            if (rf < 0)
+                continue;
+            // The outermost rook gets K or Q; another one its file letter.
+            const int home = c == White ? 0 : 7;
+            bool outermost = true;
+            const int kf = fileOf(king_[c]);
+            for (int x = side == 0 ? 7 : 0; x != rf; x += side == 0 ? -1 : 1)
+                if (x != kf && board_[makeSquare(x, home)] == makePiece(Color(c), Rook))
+                    outermost = false;
+            char letter = outermost ? (side == 0 ? 'K' : 'Q') : char('A' + rf);
+            rights += c == White ? letter : char(std::tolower(static_cast<unsigned char>(letter)));
+        }
+    }
+    s += rights.empty() ? "-" : rights;
+    s += ' ';
+    if (ep_ >= 0) {
+        s += char('a' + fileOf(ep_));
+        s += char('1' + rankOf(ep_));
+    } else {
+        s += '-';
+    }
+    s += ' ';
+    s += std::to_string(halfmove_);
+    s += ' ';
+    s += std::to_string(fullmove_);
+    return s;
+}
+
+} // namespace tavlon

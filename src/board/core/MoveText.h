@@ -1,0 +1,47 @@
+#pragma once
+
+// A game as a tree of moves with comments, NAGs and variations; reading PGN move text into it
+// and writing the three move texts out of it.
+
+#include "Position.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavlon {
+
+struct Line;
+
+struct Node {
+    Move move;
+    std::vector<int> nags;
+    std::string comment;           // after the move: the annotation of its ply
+    std::vector<Line> variations;  // alternatives to this move
+};
+
+struct Line {
+    std::string leadComment; // before the line's first move
+    std::vector<Node> moves;
+};
+
+struct Game {
+    Position start = Position::start();
+    Line main; // main.leadComment is the annotation of ply 0
+    std::string result = "*";
+};
+
+// Reads stored move text. Throws BoardError naming the ply and the token when it cannot be
+// played. With `mainLineOnly`, variations and comments are checked for balance but not kept or
+// played (a quick replay).
+Game readMoveText(std::string_view text, const Position& start, bool mainLineOnly = false);
+
+// The three move texts: CR LF between lines, none after the last.
+std::string writeAnnotated(const Game& game);
+std::string writeList(const Game& game);
+std::string writeParagraph(const Game& game);
+
+// True when a line of text ends like a game result, as the importer sees it.
+bool endsLikeResult(std::string_view line);
+
+} // namespace tavlon

@@ -1,0 +1,246 @@
+// Reading PGN move text: move numbers, comments, NAGs, variations, escape lines and results.
+
+#include "BoardError.h"
+#include "MoveText.h"
+#include "San.h"
+
+#include <cctype>
+
+namespace tavlon {
+
+namespace {
+
+bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v'; }
+bool isDelimiter(char c) { return isSpace(c) || c == '{' || c == '}' || c == '(' || c == ')' || c == ';' || c == '$'; }
+
+bool isResult(std::string_view w) {
+    return w == "1-0" || w == "0-1" || w == "1/2-1/2" || w == "*" || w == "1/2" ||
+           w == "\xC2\xBD-\xC2\xBD";
+}
+
+std::string normalResult(std::string_view w) {
+    return (w == "\xC2\xBD-\xC2\xBD" || w == "1/2") ? std::string("1/2-1/2") : std::string(w);
+}
+
+// Comment text as kept: whitespace runs become one blank, none at the ends.
+void appendComment(std::string& to, std::string_view text) {
+    std::string clean;
+    bool space = false;
+    for (char c : text) {
+        if (isSpace(c)) {
+            space = !clean.empty();
+            continue;
+        }
+        if (space)
+            clean += ' ';
+        space = false;
+        clean += c;
+    }
+    if (clean.empty())
+        return;
+    if (!to.empty())
+        to += ' ';
+    to += clean;
+}
+
+struct Frame {
+    Line* line;
+    Position pos;      // before the next move of this line
+    Position lastPos;  // before the line's last move
+    bool hasMove = false;
+};
+
+class Reader {
+public:
+    Reader(std::string_view text, const Position& start, bool mainOnly)
+        : text_(text), start_(start), mainOnly_(mainOnly) {}
+
+    Game run() {
+        Game game;
+        game.start = start_;
+        frames_.push_back(Frame{&game.main, start_, start_, false});
+        size_t i = 0;
+        bool lineStart = true;
+        const size_t n = text_.size();
+        while (i < n) {
+            const char c = text_[i];
+            if (c == '\n' || c == '\r') {
+                lineStart = true;
+                ++i;
+                continue;
+            }
+            if (lineStart && c == '%') {
+                while (i < n && text_[i] != '\n' && text_[i] != '\r')
+                    ++i;
+                continue;
+            }
+            lineStart = false;
+            if (isSpace(c)) {
+                ++i;
+                continue;
+            }
+            if (c == '{') {
+                const size_t close = text_.find('}', i + 1);
+                const size_t stop = close == std::string_view::npos ? n : close;
+                comment(text_.substr(i + 1, stop - i - 1));
+                i = close == std::string_view::npos ? n : close + 1;
+                continue;
+            }
+            if (c == ';') {
+                size_t stop = i + 1;
+                while (stop < n && text_[stop] != '\n' && text_[stop] != '\r')
+                    ++stop;
+                comment(text_.substr(i + 1, stop - i - 1));
+                i = stop;
+                continue;
+            }
+            if (c == '(') {
+                openVariation();
+                ++i;
+                continue;
+            }
+            if (c == ')') {
+                if (frames_.size() + skipDepth_ <= 1)
+                    fail("Unbalanced \")\"", ")");
+                closeVariation();
+                ++i;
+                continue;
+            }
+            if (c == '}') {
+                ++i; // a stray brace closes nothing
+                continue;
+            }
+            size_t stop = i + 1;
+            if (c == '$') {
+                while (stop < n && std::isdigit(static_cast<unsigned char>(text_[stop])))
+                    ++stop;
+                nag(std::atoi(std::string(text_.substr(i + 1, stop - i - 1)).c_str()));
+                i = stop;
+                continue;
+            }
+            while (stop < n && !isDelimiter(text_[stop]))
+                ++stop;
+            const std::string_view word = text_.substr(i, stop - i);
+            i = stop;
+            if (isResult(word)) {
+                if (frames_.size() == 1 && skipDepth_ == 0) {
+                    game.result = normalResult(word);
+                    break; // the rest of the text is not part of the game
+                }
+                continue;
+            }
+            this->word(word);
+        }
+        if (frames_.size() > 1 || skipDepth_ > 0)
+            fail("Unbalanced \"(\"", "(");
+        return game;
+    }
+
+private:
+    int plyOf(const Position& pos) const {
+        return (pos.fullmoveNumber() - start_.fullmoveNumber()) * 2 + int(pos.sideToMove()) -
+               int(start_.sideToMove()) + 1;
+    }
+
+    [[noreturn]] void fail(const std::string& what, std::string_view token) const {
+        (void)token;
+        throw BoardError(what + " at ply " + std::to_string(plyOf(frames_.back().pos)));
+    }
+
+    void comment(std::string_view text) {
+        if (skipDepth_ > 0 || mainOnly_)
+            return;
+        Frame& f = frames_.back();
+        if (f.line->moves.empty())
+            appendComment(f.line->leadComment, text);
+        else
+            appendComment(f.line->moves.back().comment, text);
+    }
+
+    void nag(int value) {
+        if (skipDepth_ > 0 || mainOnly_ || value <= 0 || value > 255)
+            return;
+        Frame& f = frames_.back();
+        if (!f.line->moves.empty())
+            f.line->moves.back().nags.push_back(value);
+    }
+
+    void openVariation() {
+        Frame& f = frames_.back();
+        if (skipDepth_ > 0 || mainOnly_) {
+            ++skipDepth_;
+            return;
+        }
+        if (!f.hasMove)
+            fail("Variation before any move", "(");
+        Node& node = f.line->moves.back();
+        node.variations.emplace_back();
+        frames_.push_back(Frame{&node.variations.back(), f.lastPos, f.lastPos, false});
+    }
+
+    void closeVariation() {
+        if (skipDepth_ > 0) {
+            --skipDepth_;
+            return;
+        }
+        frames_.pop_back();
+    }
+
+    void word(std::string_view w) {
+        if (skipDepth_ > 0)
+            return;
+        // Move numbers: "12", "12.", "12...", and "12.e4" with the move glued on.
+        if (std::isdigit(static_cast<unsigned char>(w[0])) && w.substr(0, 3) != "0-0") {
+            size_t k = 0;
+            while (k < w.size() && std::isdigit(static_cast<unsigned char>(w[k])))
+                ++k;
+            const size_t digitsEnd = k;
+            while (k < w.size() && (w[k] == '.' || w[k] == ' '))
+                ++k;
+            if (k == w.size())
+                return;
+            if (k == digitsEnd)
+                fail("Unreadable move \"" + std::string(w) + "\"", w);
+            w = w.substr(k);
+        }
+        if (w == "e.p." || w == "ep" || w == "+" || w == "#")
+            return;
+        if (w.find_first_not_of("!?") == std::string_view::npos) {
+            nag(glyphNag(w));
+            return;
+        }
+        Frame& f = frames_.back();
+        SanResult san;
+        try {
+            san = readSan(f.pos, w);
+        } catch (const BoardError& e) {
+            fail(e.what(), w);
+        }
+        if (!mainOnly_) {
+            Node node;
+            node.move = san.move;
+            if (san.nag)
+                node.nags.push_back(san.nag);
+            f.line->moves.push_back(std::move(node));
+        } else {
+            f.line->moves.push_back(Node{san.move, {}, {}, {}});
+        }
+        f.lastPos = f.pos;
+        f.pos.play(san.move);
+        f.hasMove = true;
+    }
+
+    std::string_view text_;
+    Position start_;
+    bool mainOnly_;
+    std::vector<Frame> frames_;
+    int skipDepth_ = 0;
+};
+
+} // namespace
+
+Game readMoveText(std::string_view text, const Position& start, bool mainLineOnly) {
+    return Reader(text, start, mainLineOnly).run();
+}
+
+} // namespace tavlon

@@ -1,0 +1,96 @@
+#pragma once
+
+// A chess position with legal move generation. Squares are 0 (a1) to 63 (h8); castling rights
+// are kept as rook files so that Chess960 starting positions work like the normal one.
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tavlon {
+
+enum Color : int { White = 0, Black = 1 };
+enum PieceType : int { NoType = 0, Pawn = 1, Knight = 2, Bishop = 3, Rook = 4, Queen = 5, King = 6 };
+
+// A piece is type | (color << 3); 0 is an empty square.
+using Piece = int8_t;
+constexpr Piece makePiece(Color c, PieceType t) { return Piece(t | (c << 3)); }
+constexpr PieceType typeOf(Piece p) { return PieceType(p & 7); }
+constexpr Color colorOf(Piece p) { return Color(p >> 3); }
+constexpr int fileOf(int sq) { return sq & 7; }
+constexpr int rankOf(int sq) { return sq >> 3; }
+constexpr int makeSquare(int file, int rank) { return file + 8 * rank; }
+
+struct Move {
+    enum Flag : uint8_t { Normal = 0, EnPassant = 1, Castle = 2, Null = 4, DoubleStep = 8 };
+    uint8_t from = 0;
+    uint8_t to = 0; // for castling: the rook's square
+    uint8_t promotion = NoType;
+    uint8_t flags = Normal;
+    bool operator==(const Move&) const = default;
+    bool isCastle() const { return flags & Castle; }
+    bool isNull() const { return flags & Null; }
+};
+
+struct MoveList {
+    std::array<Move, 256> moves;
+    int size = 0;
+    void push(Move m) { moves[size++] = m; }
+    const Move* begin() const { return moves.data(); }
+    const Move* end() const { return moves.data() + size; }
+};
+
+class Position {
+public:
+    static Position start();
+
+    Piece at(int sq) const { return board_[sq]; }
+    Color sideToMove() const { return side_; }
+    int epSquare() const { return ep_; }
+    int halfmoveClock() const { return halfmove_; }
+    int fullmoveNumber() const { return fullmove_; }
+    int kingSquare(Color c) const { return king_[c]; }
+    // Rook file of a castling right, -1 when the right is gone. side 0 = king side, 1 = queen side.
+    int castleRookFile(Color c, int side) const { return castle_[c][side]; }
+    bool chess960() const { return chess960_; }
+
+    bool attacked(int sq, Color by) const;
+    bool inCheck() const { return attacked(king_[side_], Color(side_ ^ 1)); }
+
+    void legalMoves(MoveList& list) const;
+    // Legal moves of one piece type to one square (any type when NoType).
+    void legalMovesTo(MoveList& list, PieceType type, int to) const;
+    bool isLegal(Move m) const;
+    bool hasLegalMove() const;
+    // Plays a legal move (or a null move).
+    void play(Move m);
+    // The square the king ends on when castling with that move.
+    static int castleKingTarget(Move m);
+
+    // Forsyth read/write. read throws BoardError for an unusable string.
+    static Position fromForsyth(std::string_view forsyth);
+    std::string forsyth() const;
+
+    // Editing, for set-up and tests.
+    void put(int sq, Piece p);
+
+    bool operator==(const Position& o) const;
+
+private:
+    void pseudoMoves(MoveList& list, PieceType only, int target) const;
+    void addCastles(MoveList& list) const;
+    bool castleLegal(Color c, int side) const;
+    void sanitiseRights();
+
+    std::array<Piece, 64> board_{};
+    std::array<int, 2> king_{{-1, -1}};
+    int8_t castle_[2][2] = {{-1, -1}, {-1, -1}};
+    Color side_ = White;
+    int ep_ = -1;
+    int halfmove_ = 0;
+    int fullmove_ = 1;
+    bool chess960_ = false;
+};
+
+} // namespace tavlon
