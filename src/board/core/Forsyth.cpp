@@ -197,14 +197,9 @@ std::string Position::forsyth() const {
             const int rf = castle_[c][side];
             if (rf < 0)
                 continue;
-            // The outermost rook gets K or Q; another one its file letter.
-            const int home = c == White ? 0 : 7;
-            bool outermost = true;
-            const int kf = fileOf(king_[c]);
-            for (int x = side == 0 ? 7 : 0; x != rf; x += side == 0 ? -1 : 1)
-                if (x != kf && board_[makeSquare(x, home)] == makePiece(Color(c), Rook))
-                    outermost = false;
-            char letter = outermost ? (side == 0 ? 'K' : 'Q') : char('A' + rf);
+            // A rook in its corner is K or Q; any other (Chess960) by its file letter.
+            const bool corner = rf == (side == 0 ? 7 : 0);
+            const char letter = corner ? (side == 0 ? 'K' : 'Q') : char('A' + rf);
             rights += c == White ? letter : char(std::tolower(static_cast<unsigned char>(letter)));
         }
     }

@@ -29,6 +29,7 @@ struct Game {
     Position start = Position::start();
     Line main; // main.leadComment is the annotation of ply 0
     std::string result = "*";
+    Position end = Position::start(); // after the main line's last move
 };
 
 // Reads stored move text. Throws BoardError naming the ply and the token when it cannot be

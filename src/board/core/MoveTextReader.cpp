@@ -15,11 +15,18 @@ bool isDelimiter(char c) { return isSpace(c) || c == '{' || c == '}' || c == '('
 
 bool isResult(std::string_view w) {
     return w == "1-0" || w == "0-1" || w == "1/2-1/2" || w == "*" || w == "1/2" ||
-           w == "\xC2\xBD-\xC2\xBD";
+           w == "\xC2\xBD-\xC2\xBD" || w == "1\xE2\x80\x93" "0" || w == "0\xE2\x80\x93" "1" ||
+           w == "1/2\xE2\x80\x93" "1/2";
 }
 
 std::string normalResult(std::string_view w) {
-    return (w == "\xC2\xBD-\xC2\xBD" || w == "1/2") ? std::string("1/2-1/2") : std::string(w);
+    if (w == "1\xE2\x80\x93" "0")
+        return "1-0";
+    if (w == "0\xE2\x80\x93" "1")
+        return "0-1";
+    if (w.substr(0, 1) == "1" && w.size() > 3 && w != "1-0")
+        return "1/2-1/2"; // the draw in any of its spellings
+    return std::string(w);
 }
 
 // Comment text as kept: whitespace runs become one blank, none at the ends.
@@ -130,9 +137,14 @@ public:
                 continue;
             }
             this->word(word);
+            if (!gluedResult_.empty()) {
+                game.result = gluedResult_;
+                break;
+            }
         }
         if (frames_.size() > 1 || skipDepth_ > 0)
             fail("Unbalanced \"(\"", "(");
+        game.end = frames_.front().pos;
         return game;
     }
 
@@ -183,7 +195,11 @@ private:
             --skipDepth_;
             return;
         }
+        const Line* closed = frames_.back().line;
         frames_.pop_back();
+        // An empty "( )" says nothing; dropping it keeps what is written equal to what is read.
+        if (closed->moves.empty() && closed->leadComment.empty())
+            frames_.back().line->moves.back().variations.pop_back();
     }
 
     void word(std::string_view w) {
@@ -203,8 +219,15 @@ private:
                 fail("Unreadable move \"" + std::string(w) + "\"", w);
             w = w.substr(k);
         }
-        if (w == "e.p." || w == "ep" || w == "+" || w == "#")
+        if (w == "e.p." || w == "ep" || w.find_first_not_of("+#") == std::string_view::npos ||
+            w.find_first_not_of('.') == std::string_view::npos)
             return;
+        // A result glued to the last move, as in "h6*".
+        if (w.size() > 1 && w.back() == '*' && frames_.size() == 1) {
+            word(w.substr(0, w.size() - 1));
+            gluedResult_ = "*";
+            return;
+        }
         if (w.find_first_not_of("!?") == std::string_view::npos) {
             nag(glyphNag(w));
             return;
@@ -235,6 +258,7 @@ private:
     bool mainOnly_;
     std::vector<Frame> frames_;
     int skipDepth_ = 0;
+    std::string gluedResult_;
 };
 
 } // namespace

@@ -247,18 +247,25 @@ void Position::legalMovesTo(MoveList& list, PieceType type, int to) const {
     const Piece there = board_[to];
     if (there && colorOf(there) == us)
         return;
+    const bool checked = inCheck();
+    auto legal = [&](const Move& m) {
+        // Out of check, a piece other than the king may move unless it is pinned to its king.
+        if (checked || (m.flags & Move::EnPassant) || typeOf(board_[m.from]) == King)
+            return isLegal(m);
+        return !pinnedAway(m.from, m.to);
+    };
     auto add = [&](int from, uint8_t flags) {
         const int lastRank = us == White ? 7 : 0;
         if (typeOf(board_[from]) == Pawn && rankOf(to) == lastRank) {
             for (int promo : {Queen, Rook, Bishop, Knight}) {
                 Move m{uint8_t(from), uint8_t(to), uint8_t(promo), flags};
-                if (isLegal(m))
+                if (legal(m))
                     list.push(m);
             }
             return;
         }
         Move m{uint8_t(from), uint8_t(to), NoType, flags};
-        if (isLegal(m))
+        if (legal(m))
             list.push(m);
     };
     auto want = [&](PieceType pt) { return type == NoType || type == pt; };
@@ -313,6 +320,34 @@ void Position::legalMovesTo(MoveList& list, PieceType type, int to) const {
             }
         }
     }
+}
+
+bool Position::pinnedAway(int from, int to) const {
+    const int k = king_[side_];
+    if (k < 0)
+        return false;
+    const int df = fileOf(from) - fileOf(k), dr = rankOf(from) - rankOf(k);
+    if (df != 0 && dr != 0 && std::abs(df) != std::abs(dr))
+        return false;
+    const int sf = (df > 0) - (df < 0), sr = (dr > 0) - (dr < 0);
+    const int step = sf + 8 * sr;
+    for (int s = k + step; s != from; s += step)
+        if (board_[s])
+            return false; // something else shields the king
+    // Staying on the line keeps the shield.
+    const int tf = fileOf(to) - fileOf(k), tr = rankOf(to) - rankOf(k);
+    if (tf * sr == tr * sf && (tf * sf >= 0) && (tr * sr >= 0) && (tf || tr))
+        return false;
+    const PieceType slider = (sf != 0 && sr != 0) ? Bishop : Rook;
+    int f = fileOf(from) + sf, r = rankOf(from) + sr;
+    while (f >= 0 && f < 8 && r >= 0 && r < 8) {
+        const Piece p = board_[makeSquare(f, r)];
+        if (p)
+            return colorOf(p) != side_ && (typeOf(p) == slider || typeOf(p) == Queen);
+        f += sf;
+        r += sr;
+    }
+    return false;
 }
 
 bool Position::hasLegalMove() const {

@@ -81,6 +81,8 @@ private:
     void pseudoMoves(MoveList& list, PieceType only, int target) const;
     void addCastles(MoveList& list) const;
     bool castleLegal(Color c, int side) const;
+    // Whether moving the piece on `from` to `to` uncovers an attack on its own king.
+    bool pinnedAway(int from, int to) const;
     void sanitiseRights();
 
     std::array<Piece, 64> board_{};

@@ -1,0 +1,166 @@
+// Core checks and figures: replaying files, perft, and reading back what the board writes.
+
+#include "BenchCommands.h"
+
+#include "core/BoardError.h"
+#include "core/MoveText.h"
+#include "core/PgnFile.h"
+#include "core/Position.h"
+
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+using namespace tavlon;
+
+namespace {
+
+std::string readFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+Position startOf(const PgnGame& g) {
+    return g.fen.empty() ? Position::start() : Position::fromForsyth(g.fen);
+}
+
+int replay(const std::vector<std::string>& args) {
+    if (args.size() != 1)
+        return 2;
+    const std::string text = readFile(args[0]);
+    const auto t0 = std::chrono::steady_clock::now();
+    const std::vector<PgnGame> games = splitPgn(text);
+    long plies = 0, refused = 0;
+    std::string out;
+    out.reserve(games.size() * 80);
+    int n = 0;
+    for (const PgnGame& g : games) {
+        ++n;
+        try {
+            const Position start = startOf(g);
+            const Game game = readMoveText(g.moves, start, true);
+            const Position& pos = game.end;
+            plies += long(game.main.moves.size());
+            out += std::to_string(n) + " " + std::to_string(game.main.moves.size()) + " " +
+                   pos.forsyth() + "\n";
+        } catch (const BoardError& e) {
+            ++refused;
+            out += std::to_string(n) + " REFUSED " + e.what() + "\n";
+        }
+    }
+    const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+    std::fwrite(out.data(), 1, out.size(), stdout);
+    std::printf("games %d plies %ld refused %ld games/s %.0f\n", n, plies, refused, n / s);
+    return 0;
+}
+
+long perftCount(const Position& p, int depth) {
+    MoveList list;
+    p.legalMoves(list);
+    if (depth == 1)
+        return list.size;
+    long nodes = 0;
+    for (Move m : list) {
+        Position q = p;
+        q.play(m);
+        nodes += perftCount(q, depth - 1);
+    }
+    return nodes;
+}
+
+int perft(const std::vector<std::string>& args) {
+    if (args.size() != 2)
+        return 2;
+    const int depth = std::stoi(args[1]);
+    const auto t0 = std::chrono::steady_clock::now();
+    const long nodes = depth <= 0 ? 1 : perftCount(Position::fromForsyth(args[0]), depth);
+    const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+    std::printf("%ld\n", nodes);
+    std::fprintf(stderr, "%.3f s, %.0f nodes/s\n", s, nodes / s);
+    return 0;
+}
+
+// What a round trip must keep: moves, comments, NAGs and variations, line by line.
+void describe(const Line& line, Position pos, std::string& out) {
+    out += "<" + line.leadComment + ">";
+    for (const Node& node : line.moves) {
+        out += " " + std::to_string(node.move.from) + "-" + std::to_string(node.move.to) +
+               std::to_string(node.move.promotion);
+        for (int nag : node.nags)
+            out += " $" + std::to_string(nag);
+        if (!node.comment.empty())
+            out += " {" + node.comment + "}";
+        for (const Line& v : node.variations) {
+            out += " (";
+            describe(v, pos, out);
+            out += ")";
+        }
+        pos.play(node.move);
+    }
+    out += " =" + pos.forsyth();
+}
+
+int roundtrip(const std::vector<std::string>& args) {
+    if (args.size() != 1)
+        return 2;
+    const std::string text = readFile(args[0]);
+    int n = 0, loaded = 0, differ = 0;
+    for (const PgnGame& g : splitPgn(text)) {
+        ++n;
+        Game first;
+        try {
+            first = readMoveText(g.moves, startOf(g));
+        } catch (const BoardError&) {
+            continue;
+        }
+        ++loaded;
+        const std::string written = writeAnnotated(first);
+        std::string problem;
+        size_t lineStart = 0;
+        while (lineStart <= written.size()) {
+            size_t end = written.find("\r\n", lineStart);
+            const bool last = end == std::string::npos;
+            if (last)
+                end = written.size();
+            const std::string_view line(written.data() + lineStart, end - lineStart);
+            if (line.empty())
+                problem = "empty line";
+            else if (!last && endsLikeResult(line))
+                problem = "line ends like a result";
+            else if (line[0] == '%')
+                problem = "line starts with %";
+            else if (line.size() > 79 && line.find(' ') != std::string_view::npos)
+                problem = "line longer than 79";
+            if (last)
+                break;
+            lineStart = end + 2;
+        }
+        try {
+            const Game second = readMoveText(written, first.start);
+            std::string a, b;
+            describe(first.main, first.start, a);
+            describe(second.main, second.start, b);
+            if (a != b || first.result != second.result)
+                problem = "game differs after reading back";
+        } catch (const BoardError& e) {
+            problem = std::string("written text refused: ") + e.what();
+        }
+        if (!problem.empty()) {
+            ++differ;
+            std::printf("%d DIFFERS %s\n", n, problem.c_str());
+        }
+    }
+    std::printf("games %d loaded %d differ %d\n", n, loaded, differ);
+    return differ ? 1 : 0;
+}
+
+BenchCommand replayCommand("replay", "FILE", "replay every game's main line; N PLIES FEN", &replay);
+BenchCommand perftCommand("perft", "FEN DEPTH", "count the leaf nodes of the move tree", &perft);
+BenchCommand roundtripCommand("roundtrip", "FILE",
+                              "read, write and read back every game; report differences",
+                              &roundtrip);
+
+} // namespace
