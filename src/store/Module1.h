@@ -48,6 +48,9 @@ public:
     // Move list.
     void BuildMoveList();
 
+    // Store element `index`; an index outside the store is an error, as for any array.
+    GameRecord& record(int index);
+
     // The game count N: the store's upper bound, 0 without elements.
     int gameCount() const { return GameStore.empty() ? 0 : int(GameStore.size()) - 1; }
 

@@ -128,6 +128,8 @@ public:
     void mnuFileClose_Click();
     // Import (store/Import.cpp).
     void mnuFileOpen_Click();
+    // The filter string of the PGN file dialogs.
+    static QString pgnFileFilter();
     // Saving (store/Save.cpp).
     void mnuFileSave_Click();
     void mnuFileSaveAs_Click();

@@ -1,0 +1,186 @@
+#include "platform/QtPlatform.h"
+
+#include "platform/Errors.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPrinter>
+#include <QProcess>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTextDocument>
+#include <QWidget>
+
+namespace tolvisk {
+
+QString qtFileFilter(const QString& filter) {
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString description = parts[i].trimmed();
+        const QString pattern = parts[i + 1].trimmed();
+        if (!description.contains(QLatin1Char('(')))
+            description += QStringLiteral(" (%1)").arg(pattern);
+        filters << description;
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+std::unique_ptr<TextFileReader> readTextFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw RuntimeError(QStringLiteral("Cannot open \"%1\": %2").arg(path, file.errorString()),
+                           53);
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw RuntimeError(QStringLiteral("Cannot read \"%1\": %2").arg(path, file.errorString()),
+                           57);
+    return std::make_unique<TextFileReader>(bytes);
+}
+
+MsgResult QtPlatform::msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
+                             const QString& title) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(title.isEmpty() ? kDefaultTitle : title);
+    box.setText(text);
+    switch (icon) {
+    case MsgIcon::None: box.setIcon(QMessageBox::NoIcon); break;
+    case MsgIcon::Critical: box.setIcon(QMessageBox::Critical); break;
+    case MsgIcon::Question: box.setIcon(QMessageBox::Question); break;
+    case MsgIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case MsgIcon::Information: box.setIcon(QMessageBox::Information); break;
+    }
+    switch (buttons) {
+    case MsgButtons::OK: box.setStandardButtons(QMessageBox::Ok); break;
+    case MsgButtons::OKCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
+    case MsgButtons::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    case MsgButtons::YesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        break;
+    }
+    const bool wasBusy = busy_;
+    if (wasBusy)
+        QApplication::restoreOverrideCursor();
+    const int answer = box.exec();
+    if (wasBusy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    switch (answer) {
+    case QMessageBox::Yes: return MsgResult::Yes;
+    case QMessageBox::No: return MsgResult::No;
+    case QMessageBox::Cancel: return MsgResult::Cancel;
+    default: return buttons == MsgButtons::YesNoCancel ? MsgResult::Cancel : MsgResult::OK;
+    }
+}
+
+QString QtPlatform::inputBox(const QString& prompt, const QString& title,
+                             const QString& defaultText) {
+    bool ok = false;
+    const QString text = QInputDialog::getText(QApplication::activeWindow(),
+                                               title.isEmpty() ? kDefaultTitle : title, prompt,
+                                               QLineEdit::Normal, defaultText, &ok);
+    return ok ? text : QString();
+}
+
+QString QtPlatform::showOpen(const QString& filter, const QString& initialDir) {
+    const QString path = QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(),
+                                                      initialDir, qtFileFilter(filter));
+    if (path.isEmpty())
+        throw CancelError();
+    return path;
+}
+
+QString QtPlatform::showSave(const QString& filter, const QString& fileName) {
+    const QString path = QFileDialog::getSaveFileName(QApplication::activeWindow(), QString(),
+                                                      fileName, qtFileFilter(filter));
+    if (path.isEmpty())
+        throw CancelError();
+    return path;
+}
+
+uint32_t QtPlatform::showColor(uint32_t initial) {
+    const QColor start(int(initial & 0xFF), int((initial >> 8) & 0xFF), int((initial >> 16) & 0xFF));
+    const QColor chosen = QColorDialog::getColor(start, QApplication::activeWindow());
+    if (!chosen.isValid())
+        throw CancelError();
+    return uint32_t(chosen.red()) | (uint32_t(chosen.green()) << 8) |
+           (uint32_t(chosen.blue()) << 16);
+}
+
+void QtPlatform::printText(const QString& text) {
+    QPrinter printer;
+    if (!printer.isValid())
+        throw RuntimeError(QStringLiteral("No printer is available."), 482);
+    QTextDocument document;
+    document.setPlainText(text);
+    document.print(&printer);
+}
+
+void QtPlatform::clipboardClear() {
+    QGuiApplication::clipboard()->clear();
+}
+
+void QtPlatform::clipboardSetText(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+}
+
+void QtPlatform::clipboardSetImage(const QImage& image) {
+    QGuiApplication::clipboard()->setImage(image);
+}
+
+QImage QtPlatform::grabScreen(QWidget* widget, int x, int y, int width, int height) {
+    QScreen* screen = widget ? widget->screen() : QGuiApplication::primaryScreen();
+    if (!screen)
+        throw RuntimeError(QStringLiteral("No screen to capture."), 5);
+    return screen->grabWindow(0, x, y, width, height).toImage();
+}
+
+void QtPlatform::startProgram(const QString& path, const QStringList& arguments) {
+    if (!QProcess::startDetached(path, arguments))
+        throw RuntimeError(QStringLiteral("File not found: %1").arg(path), 53);
+}
+
+QString QtPlatform::exeDir() {
+    return QCoreApplication::applicationDirPath();
+}
+
+QString QtPlatform::dataDir() {
+    const QString dir = exeDir();
+    if (QFileInfo(dir).isWritable())
+        return dir;
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    QDir().mkpath(config);
+    return config;
+}
+
+std::unique_ptr<TextFileReader> QtPlatform::openInput(const QString& path) {
+    return readTextFile(path);
+}
+
+std::unique_ptr<TextFileWriter> QtPlatform::openOutput(const QString& path, TextEncoding encoding) {
+    return std::make_unique<TextFileWriter>(path, encoding);
+}
+
+void QtPlatform::setBusy(bool busy) {
+    if (busy == busy_)
+        return;
+    busy_ = busy;
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+void QtPlatform::repaint(QWidget* widget) {
+    if (widget)
+        widget->repaint();
+}
+
+} // namespace tolvisk

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace tolvisk {
+
+// The desktop itself: Qt's dialogs, printer, clipboard, processes and files.
+class QtPlatform : public Platform {
+public:
+    MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
+                     const QString& title) override;
+    QString inputBox(const QString& prompt, const QString& title,
+                     const QString& defaultText) override;
+    QString showOpen(const QString& filter, const QString& initialDir) override;
+    QString showSave(const QString& filter, const QString& fileName) override;
+    uint32_t showColor(uint32_t initial) override;
+    void printText(const QString& text) override;
+    void clipboardClear() override;
+    void clipboardSetText(const QString& text) override;
+    void clipboardSetImage(const QImage& image) override;
+    QImage grabScreen(QWidget* widget, int x, int y, int width, int height) override;
+    void startProgram(const QString& path, const QStringList& arguments) override;
+    QString exeDir() override;
+    QString dataDir() override;
+    std::unique_ptr<TextFileReader> openInput(const QString& path) override;
+    std::unique_ptr<TextFileWriter> openOutput(const QString& path, TextEncoding encoding) override;
+    void setBusy(bool busy) override;
+    void repaint(QWidget* widget) override;
+
+private:
+    bool busy_ = false;
+};
+
+// "PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt" as Qt writes a file dialog filter.
+QString qtFileFilter(const QString& filter);
+// Opens a file's bytes as sequential text input; throws RuntimeError when it cannot.
+std::unique_ptr<TextFileReader> readTextFile(const QString& path);
+
+} // namespace tolvisk
