@@ -246,6 +246,9 @@ QAction* ToolBar::addButton(const QString& key, const QString& toolTip, const QI
     action->setToolTip(toolTip);
     action->setCheckable(toggle);
     connect(action, &QAction::triggered, this, [this, key] { emit ButtonClick(key); });
+    // As compact as a classic toolbar's buttons, so that a long toolbar fits its window.
+    if (QWidget* button = widgetForAction(action))
+        button->setFixedSize(iconSize() + QSize(7, 6));
     buttons_[key] = action;
     keys_.append(key);
     return action;

@@ -74,6 +74,7 @@ void frmMain::createControls() {
         place(new tolvisk::TextBox(picMain), QStringLiteral("txtMoveList"), 5940, 1920, 2835, 1515);
     Label1 = place(new QLabel(QStringLiteral("Annotation:"), picMain), QStringLiteral("Label1"),
                    6000, 3600, 810, 195);
+    Label1->resize(std::max(Label1->width(), Label1->sizeHint().width()), Label1->height());
     txtAnnotation = place(new tolvisk::TextBox(picMain), QStringLiteral("txtAnnotation"), 5940,
                           3840, 2835, 795);
     cmdClearAnnotation = place(new QPushButton(QStringLiteral("Clear"), picMain),
@@ -252,7 +253,7 @@ void frmMain::createToolbar() {
     Toolbar1->setMovable(false);
     Toolbar1->setFloatable(false);
     Toolbar1->setIconSize(QSize(16, 16));
-    Toolbar1->toggleViewAction()->setVisible(false);
+    Toolbar1->setStyleSheet(QStringLiteral("QToolBar { spacing: 0px; padding: 0px; }"));
     addToolBar(Qt::TopToolBarArea, Toolbar1);
 
     using tolvisk::toolbarIcon;
