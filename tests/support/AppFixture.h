@@ -1,0 +1,35 @@
+#pragma once
+
+// One application per test case: the scripted platform in a temporary folder, the main window
+// loaded, and helpers to write a PGN file and open it through File > Open.
+
+#include "support/ScriptedPlatform.h"
+#include "viewer/Application.h"
+#include "viewer/frmMain.h"
+
+#include <QByteArray>
+#include <memory>
+
+namespace tolvisk {
+
+struct AppFixture {
+    AppFixture();
+    ~AppFixture();
+
+    ScriptedPlatform platform;
+    std::unique_ptr<Application> app;
+    frmMain& main() { return app->main(); }
+    Module1& m() { return app->module(); }
+
+    // Writes the bytes to a file in the temporary folder and returns its path.
+    QString writeFile(const QString& name, const QByteArray& bytes);
+    // Opens the file through File > Open, answering the dialog with its path.
+    void open(const QString& path);
+    QString openText(const QByteArray& bytes, const QString& name = QStringLiteral("games.pgn"));
+    static QByteArray readFile(const QString& path);
+};
+
+// "a\nb\n" with every LF turned into CR LF.
+QByteArray crlf(QByteArray text);
+
+} // namespace tolvisk
