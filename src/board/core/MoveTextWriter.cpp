@@ -104,12 +104,14 @@ public:
             needNumber = true;
         }
         for (const Node& node : line.moves) {
+            // A move number stays on the line of its move.
             const std::string number = std::to_string(pos.fullmoveNumber());
+            std::string san = writeSan(pos, node.move);
             if (pos.sideToMove() == White)
-                push(number + ".");
+                san = number + ". " + san;
             else if (needNumber)
-                push(number + "...");
-            push(writeSan(pos, node.move));
+                san = number + "... " + san;
+            push(std::move(san));
             needNumber = false;
             for (int nag : node.nags)
                 push("$" + std::to_string(nag));
