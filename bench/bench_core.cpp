@@ -63,26 +63,12 @@ int replay(const std::vector<std::string>& args) {
     return 0;
 }
 
-long perftCount(const Position& p, int depth) {
-    MoveList list;
-    p.legalMoves(list);
-    if (depth == 1)
-        return list.size;
-    long nodes = 0;
-    for (Move m : list) {
-        Position q = p;
-        q.play(m);
-        nodes += perftCount(q, depth - 1);
-    }
-    return nodes;
-}
-
-int perft(const std::vector<std::string>& args) {
+int perftCommand(const std::vector<std::string>& args) {
     if (args.size() != 2)
         return 2;
     const int depth = std::stoi(args[1]);
     const auto t0 = std::chrono::steady_clock::now();
-    const long nodes = depth <= 0 ? 1 : perftCount(Position::fromForsyth(args[0]), depth);
+    const long nodes = tavlon::perft(Position::fromForsyth(args[0]), depth);
     const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
     std::printf("%ld\n", nodes);
     std::fprintf(stderr, "%.3f s, %.0f nodes/s\n", s, nodes / s);
@@ -163,10 +149,10 @@ int roundtrip(const std::vector<std::string>& args) {
     return differ ? 1 : 0;
 }
 
-BenchCommand replayCommand("replay", "FILE", "replay every game's main line; N PLIES FEN", &replay);
-BenchCommand perftCommand("perft", "FEN DEPTH", "count the leaf nodes of the move tree", &perft);
-BenchCommand roundtripCommand("roundtrip", "FILE",
-                              "read, write and read back every game; report differences",
-                              &roundtrip);
+BenchCommand replayBench("replay", "FILE", "replay every game's main line; N PLIES FEN", &replay);
+BenchCommand perftBench("perft", "FEN DEPTH", "count the leaf nodes of the move tree",
+                        &perftCommand);
+BenchCommand roundtripBench("roundtrip", "FILE",
+                            "read, write and read back every game; report differences", &roundtrip);
 
 } // namespace

@@ -109,8 +109,8 @@ int importCommand(const std::vector<std::string>& args) {
     std::printf("import alone ~%.0f ms, %.1f MB/s\n", import, mb / (import / 1000));
     std::printf("FillGameList %.0f ms\n", fill);
     std::printf("bare line split %.0f ms, %.1f MB/s\n", bare, mb / (bare / 1000));
-    std::printf("memory of the store and list %.1f MB (%.2f x the file)\n", (after - before) / 1024.0,
-                (after - before) / 1024.0 / mb);
+    std::printf("memory of the store and list %.1f MB (%.2f x the file)\n",
+                (after - before) / 1024.0, (after - before) / 1024.0 / mb);
     for (const PlatformCall& box : h.platform.boxes())
         std::printf("box: %s\n", qPrintable(box.text));
     return 0;
@@ -171,9 +171,11 @@ int loadAllCommand(const std::vector<std::string>& args) {
     return 0;
 }
 
-BenchCommand importBench("import", "FILE", "the real Open path: import, list, whole Open", &importCommand);
+BenchCommand importBench("import", "FILE", "the real Open path: import, list, whole Open",
+                         &importCommand);
 BenchCommand saveAllBench("saveall", "IN OUT", "Open IN, then Save All As to OUT", &saveAllCommand);
-BenchCommand findBench("find", "FILE TEXT", "search every game of the store for TEXT", &findCommand);
+BenchCommand findBench("find", "FILE TEXT", "search every game of the store for TEXT",
+                       &findCommand);
 BenchCommand loadAllBench("loadall", "FILE", "load every game through Load Game", &loadAllCommand);
 
 } // namespace

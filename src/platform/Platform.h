@@ -58,7 +58,7 @@ public:
 
     virtual std::unique_ptr<TextFileReader> openInput(const QString& path) = 0;
     virtual std::unique_ptr<TextFileWriter> openOutput(const QString& path,
-                                                      TextEncoding encoding) = 0;
+                                                       TextEncoding encoding) = 0;
 
     // Shows the busy (hourglass) pointer or the normal one. Not counted: like the screen's
     // pointer property, the last assignment wins.

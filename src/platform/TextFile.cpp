@@ -58,9 +58,10 @@ bool validUtf8(const QByteArray& bytes) {
                 return false;
             cp = (cp << 6) | (p[i + k] & 0x3F);
         }
-        // Overlong forms, surrogates and values past U+10FFFF would not come back as the same bytes.
-        if ((extra == 1 && cp < 0x80) || (extra == 2 && cp < 0x800) || (extra == 3 && cp < 0x10000) ||
-            cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
+        // Overlong forms, surrogates and values past U+10FFFF would not come back as the same
+        // bytes.
+        if ((extra == 1 && cp < 0x80) || (extra == 2 && cp < 0x800) ||
+            (extra == 3 && cp < 0x10000) || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
             return false;
         i += extra + 1;
     }
@@ -184,8 +185,7 @@ void TextFileWriter::close() {
     closed_ = true;
     QFile file(path_);
     const QByteArray bytes = encodeText(buffer_, encoding_);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-        file.write(bytes) != bytes.size())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
         throw RuntimeError(QStringLiteral("Cannot write \"%1\": %2").arg(path_, file.errorString()),
                            75);
 }

@@ -13,8 +13,8 @@ using namespace tolvisk;
 
 namespace {
 
-const QString kFileFilter = QStringLiteral(
-    "PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*");
+const QString kFileFilter =
+    QStringLiteral("PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*");
 constexpr int kGameLimit = 32000;
 
 QStringView trimBlanks(QStringView s) {
@@ -26,12 +26,17 @@ QStringView trimBlanks(QStringView s) {
     return s.mid(a, b - a);
 }
 
-bool isEscape(QStringView s) { return !s.isEmpty() && s[0] == u'%'; }
-bool isDigitLine(QStringView s) { return !s.isEmpty() && s[0] >= u'0' && s[0] <= u'9'; }
-bool isCommentLine(QStringView s) { return !s.isEmpty() && s[0] == u'{'; }
+bool isEscape(QStringView s) {
+    return !s.isEmpty() && s[0] == u'%';
+}
+bool isDigitLine(QStringView s) {
+    return !s.isEmpty() && s[0] >= u'0' && s[0] <= u'9';
+}
+bool isCommentLine(QStringView s) {
+    return !s.isEmpty() && s[0] == u'{';
+}
 bool isResultLine(QStringView s) {
-    return s.endsWith(u"1/2-1/2") || s.endsWith(u"0-1") || s.endsWith(u"1-0") ||
-           s.endsWith(u"*");
+    return s.endsWith(u"1/2-1/2") || s.endsWith(u"0-1") || s.endsWith(u"1-0") || s.endsWith(u"*");
 }
 
 } // namespace
@@ -41,11 +46,7 @@ QString frmMain::pgnFileFilter() {
 }
 
 void frmMain::mnuFileOpen_Click() {
-    m_.PromptSaveGame();
-    if (m_.SaveCancelled)
-        return;
-    m_.PromptSaveFile();
-    if (m_.SaveCancelled)
+    if (!m_.promptSaveBoth())
         return;
     std::unique_ptr<TextFileReader> file;
     std::unique_ptr<frmLoadFile> progress;
@@ -83,8 +84,7 @@ void frmMain::mnuFileOpen_Click() {
 
         while (!file->atEnd()) {
             const double units = std::floor(double(file->position()) / 128.0) * 128.0;
-            const long Percent =
-                FileLength > 0 ? std::lround(units / FileLength * 100.0) : 0;
+            const long Percent = FileLength > 0 ? std::lround(units / FileLength * 100.0) : 0;
             progress->report(Count, int(std::min<long>(Percent, 101)));
 
             QStringView Line = read();

@@ -57,7 +57,8 @@ void Module1::FillGameList() {
         entry.reserve(size);
         qsizetype start = 0;
         for (qsizetype k = 0; k <= size; ++k) {
-            const bool end = k == size || (text[k] == u'\r' && k + 1 < size && text[k + 1] == u'\n');
+            const bool end =
+                k == size || (text[k] == u'\r' && k + 1 < size && text[k + 1] == u'\n');
             if (!end)
                 continue;
             if (k > start) {
@@ -123,6 +124,14 @@ void Module1::PromptSaveFile() {
         app_.main().mnuFileSaveAll_Click();
 }
 
+bool Module1::promptSaveBoth() {
+    PromptSaveGame();
+    if (SaveCancelled)
+        return false;
+    PromptSaveFile();
+    return !SaveCancelled;
+}
+
 void Module1::SetPlayerState() {
     frmMain& f = app_.main();
     const int P = f.Tavlon1->Ply();
@@ -177,7 +186,8 @@ void Module1::SetPlayerState() {
         app_.platform().msgBox(QStringLiteral("Fifty move rule:") + kCrLf + kCrLf +
                                    QStringLiteral("It has been 50 moves since the last pawn "
                                                   "move or capture."),
-                               MsgButtons::OK, MsgIcon::Information, QStringLiteral("50 Move Rule"));
+                               MsgButtons::OK, MsgIcon::Information,
+                               QStringLiteral("50 Move Rule"));
 }
 
 void Module1::UpdateGameStats() {
@@ -199,8 +209,8 @@ void Module1::UpdateGameStats() {
 void Module1::HighlightCurrentMove() {
     frmMain& f = app_.main();
     const int number = f.Tavlon1->ListMoveNumber();
-    const QString target = (number >= 1 ? QString::number(number) : QStringLiteral("1")) +
-                           QLatin1Char('.');
+    const QString target =
+        (number >= 1 ? QString::number(number) : QStringLiteral("1")) + QLatin1Char('.');
     const qsizetype at = f.txtMoveList->Text().indexOf(target);
     if (at < 0)
         return;

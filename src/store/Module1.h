@@ -41,6 +41,8 @@ public:
     // Saving prompts.
     void PromptSaveGame();
     void PromptSaveFile();
+    // Both prompts, game first; false as soon as one is cancelled (the second then never asks).
+    bool promptSaveBoth();
     // State and status display.
     void SetPlayerState();
     void UpdateGameStats();

@@ -66,7 +66,8 @@ void frmMain::mnuFileSaveAll_Click() {
     if (lstPGNFiles->ListCount() < 1) {
         platform_.msgBox(QStringLiteral("There are no saved games to export.") + kCrLf + kCrLf +
                              QStringLiteral("Save a PGN game and try again."),
-                         MsgButtons::OK, MsgIcon::Exclamation, QStringLiteral("No Games To Export"));
+                         MsgButtons::OK, MsgIcon::Exclamation,
+                         QStringLiteral("No Games To Export"));
         return;
     }
     m_.PromptSaveGame();

@@ -23,7 +23,8 @@ void frmMain::lstPGNFiles_Click() {
     const GameRecord& game = m_.record(i + 1);
     txtPreview->setText(game.Moves);
     sbStatusBar->setPanelText(1, QStringLiteral("Game ") + QString::number(i + 1) +
-                                     QStringLiteral(" of ") + QString::number(lstPGNFiles->ListCount()));
+                                     QStringLiteral(" of ") +
+                                     QString::number(lstPGNFiles->ListCount()));
     Toolbar1->setPressed(QStringLiteral("Delete"), game.Deleted);
     mnuEditmarkDeleted->setChecked(game.Deleted);
 }
@@ -36,11 +37,7 @@ void frmMain::mnuEditmarkDeleted_Click() {
 }
 
 void frmMain::mnuFileClose_Click() {
-    m_.PromptSaveGame();
-    if (m_.SaveCancelled)
-        return;
-    m_.PromptSaveFile();
-    if (m_.SaveCancelled)
+    if (!m_.promptSaveBoth())
         return;
     const MsgResult answer = platform_.msgBox(
         QStringLiteral("This will remove all loaded games from memory. Do you want to continue ?"),

@@ -56,7 +56,8 @@ void frmMain::txtMoveList_DblClick() {
     }
     const double target = std::round(number * 2);
     // A number too large for a ply is no move of this game.
-    if (target > std::numeric_limits<int16_t>::max() || target < std::numeric_limits<int16_t>::min())
+    if (target > std::numeric_limits<int16_t>::max() ||
+        target < std::numeric_limits<int16_t>::min())
         return;
     Tavlon1->GotoPly(int16_t(target));
     m_.UpdateGameStats();

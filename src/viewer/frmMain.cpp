@@ -46,11 +46,7 @@ void frmMain::Form_Load() {
 }
 
 bool frmMain::Form_QueryUnload() {
-    m_.PromptSaveGame();
-    if (m_.SaveCancelled)
-        return true;
-    m_.PromptSaveFile();
-    if (m_.SaveCancelled)
+    if (!m_.promptSaveBoth())
         return true;
     WriteStartupFile();
     return false;

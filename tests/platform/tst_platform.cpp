@@ -36,14 +36,22 @@ void TestPlatform::encodingRoundTrip_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<int>("encoding");
     QTest::addColumn<QString>("text");
-    QTest::newRow("ascii") << QByteArray("1. e4 e5\r\n") << int(TextEncoding::Utf8) << QStringLiteral("1. e4 e5\r\n");
-    QTest::newRow("utf-8") << QByteArray("R\xC3\xA9ti") << int(TextEncoding::Utf8) << QStringLiteral("R\u00e9ti");
-    QTest::newRow("utf-8 bom") << QByteArray("\xEF\xBB\xBFH\xC3\xB8") << int(TextEncoding::Utf8Bom) << QStringLiteral("H\u00f8");
-    QTest::newRow("latin-1") << QByteArray("R\xE9ti S\xE4misch") << int(TextEncoding::Windows1252) << QStringLiteral("R\u00e9ti S\u00e4misch");
-    QTest::newRow("cp437 bytes and undefined 1252 bytes") << QByteArray("Br\x81ssel \x8D\x8F\x90\x9D \x80") << int(TextEncoding::Windows1252)
-                                                          << QStringLiteral("Br\u0081ssel \u008d\u008f\u0090\u009d \u20ac");
-    QTest::newRow("overlong utf-8 is no utf-8") << QByteArray("\xC0\xAF") << int(TextEncoding::Windows1252) << QStringLiteral("\u00c0\u00af");
-    QTest::newRow("truncated utf-8 is no utf-8") << QByteArray("ab\xC3") << int(TextEncoding::Windows1252) << QStringLiteral("ab\u00c3");
+    QTest::newRow("ascii") << QByteArray("1. e4 e5\r\n") << int(TextEncoding::Utf8)
+                           << QStringLiteral("1. e4 e5\r\n");
+    QTest::newRow("utf-8") << QByteArray("R\xC3\xA9ti") << int(TextEncoding::Utf8)
+                           << QStringLiteral("R\u00e9ti");
+    QTest::newRow("utf-8 bom") << QByteArray("\xEF\xBB\xBFH\xC3\xB8") << int(TextEncoding::Utf8Bom)
+                               << QStringLiteral("H\u00f8");
+    QTest::newRow("latin-1") << QByteArray("R\xE9ti S\xE4misch") << int(TextEncoding::Windows1252)
+                             << QStringLiteral("R\u00e9ti S\u00e4misch");
+    QTest::newRow("cp437 bytes and undefined 1252 bytes")
+        << QByteArray("Br\x81ssel \x8D\x8F\x90\x9D \x80") << int(TextEncoding::Windows1252)
+        << QStringLiteral("Br\u0081ssel \u008d\u008f\u0090\u009d \u20ac");
+    QTest::newRow("overlong utf-8 is no utf-8")
+        << QByteArray("\xC0\xAF") << int(TextEncoding::Windows1252)
+        << QStringLiteral("\u00c0\u00af");
+    QTest::newRow("truncated utf-8 is no utf-8")
+        << QByteArray("ab\xC3") << int(TextEncoding::Windows1252) << QStringLiteral("ab\u00c3");
 }
 
 void TestPlatform::encodingRoundTrip() {
@@ -65,7 +73,8 @@ void TestPlatform::lineInput_data() {
     QTest::newRow("lone cr and lf") << QByteArray("a\rb\nc") << QStringList{"a", "b", "c"};
     QTest::newRow("empty lines") << QByteArray("\r\n\r\n\n") << QStringList{"", "", ""};
     QTest::newRow("last line without end") << QByteArray("a\r\nb") << QStringList{"a", "b"};
-    QTest::newRow("bom is not part of the line") << QByteArray("\xEF\xBB\xBF[Event \"x\"]\r\n") << QStringList{"[Event \"x\"]"};
+    QTest::newRow("bom is not part of the line")
+        << QByteArray("\xEF\xBB\xBF[Event \"x\"]\r\n") << QStringList{"[Event \"x\"]"};
     QTest::newRow("empty file") << QByteArray() << QStringList{};
 }
 
@@ -107,16 +116,19 @@ void TestPlatform::writerFallsBackToUtf8() {
     w.close();
     QFile f(path);
     QVERIFY(f.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(f.readAll()), QStringLiteral("\u017dilina \u0160ah\r\n\u0141\u00f3d\u017a\r\n"));
+    QCOMPARE(QString::fromUtf8(f.readAll()),
+             QStringLiteral("\u017dilina \u0160ah\r\n\u0141\u00f3d\u017a\r\n"));
 }
 
 void TestPlatform::writerFailsOnUnwritablePath() {
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, TextFileWriter(QStringLiteral("/nonexistent/dir/x.pgn"), TextEncoding::Utf8));
+    QVERIFY_THROWS_EXCEPTION(
+        RuntimeError, TextFileWriter(QStringLiteral("/nonexistent/dir/x.pgn"), TextEncoding::Utf8));
     QVERIFY_THROWS_EXCEPTION(RuntimeError, readTextFile(QStringLiteral("/nonexistent/x.pgn")));
 }
 
 void TestPlatform::fileFilter() {
-    QCOMPARE(qtFileFilter(QStringLiteral("PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*")),
+    QCOMPARE(qtFileFilter(QStringLiteral(
+                 "PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*")),
              QStringLiteral("PGN files (*.pgn);;Text files (*.txt);;All files (*.*)"));
 }
 
@@ -135,7 +147,8 @@ void TestPlatform::listBoxClick() {
     list.resize(200, 200);
     list.show();
     clicks.clear();
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(2, 0)).center());
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualRect(list.model()->index(2, 0)).center());
     QCOMPARE(clicks.count(), 1);
     QCOMPARE(list.ListIndex(), int16_t(2));
     list.AddItem(QStringLiteral("z"), 0);
@@ -219,9 +232,12 @@ void TestPlatform::timerRestartsWhenEnabled() {
 void TestPlatform::scriptedPlatformFailsOnUnexpectedBox() {
     ScriptedPlatform p;
     // An OK box needs no answer; a question does.
-    QCOMPARE(p.msgBox(QStringLiteral("x"), MsgButtons::OK, MsgIcon::None, QString()), MsgResult::OK);
+    QCOMPARE(p.msgBox(QStringLiteral("x"), MsgButtons::OK, MsgIcon::None, QString()),
+             MsgResult::OK);
     p.queueMsgBox(MsgResult::No);
-    QCOMPARE(p.msgBox(QStringLiteral("q"), MsgButtons::YesNo, MsgIcon::Question, QStringLiteral("t")), MsgResult::No);
+    QCOMPARE(
+        p.msgBox(QStringLiteral("q"), MsgButtons::YesNo, MsgIcon::Question, QStringLiteral("t")),
+        MsgResult::No);
     QCOMPARE(p.boxes().size(), size_t(2));
     QCOMPARE(p.boxes()[1].title, QStringLiteral("t"));
     p.queueOpenCancel();

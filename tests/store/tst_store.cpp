@@ -51,7 +51,8 @@ void TestStore::importGivesTheWorkedExampleStore() {
     QCOMPARE(f.m().GameStore.size(), size_t(3));
     QCOMPARE(f.m().GameStore[1].Header,
              QStringLiteral("[Event \"Club\"]\r\n[White \"Ann\"]\r\n[Result \"1-0\"]\r\n"));
-    QCOMPARE(f.m().GameStore[1].Moves, QStringLiteral("1. e4 e5 {Open game} \r\n2. Nf3 Nc6 1-0 \r\n"));
+    QCOMPARE(f.m().GameStore[1].Moves,
+             QStringLiteral("1. e4 e5 {Open game} \r\n2. Nf3 Nc6 1-0 \r\n"));
     QCOMPARE(f.m().GameStore[2].Header, QStringLiteral("[Event \"Cup\"]\r\n"));
     QCOMPARE(f.m().GameStore[2].Moves, QStringLiteral("1. d4 * \r\n"));
     QCOMPARE(f.main().windowTitle(), QStringLiteral("Ravelund - ") + path);
@@ -97,25 +98,24 @@ void TestStore::lineClassification_data() {
     QTest::newRow("moves without tags land in both fields")
         << crlf("1. e4 e5 *\n") << QStringList{"1. e4 e5 *\r\n"} << QStringList{"1. e4 e5 * \r\n"};
     QTest::newRow("escape line inside the tag section stays")
-        << crlf("[Event \"A\"]\n% note\n\n1. e4 *\n")
-        << QStringList{"[Event \"A\"]\r\n% note\r\n"} << QStringList{"1. e4 * \r\n"};
+        << crlf("[Event \"A\"]\n% note\n\n1. e4 *\n") << QStringList{"[Event \"A\"]\r\n% note\r\n"}
+        << QStringList{"1. e4 * \r\n"};
     QTest::newRow("tags only, then a new game: its first line is dropped")
         << crlf("[Event \"A\"]\n\n[Event \"B\"]\n[Site \"S\"]\n\n1. d4 *\n")
-        << QStringList{"[Event \"A\"]\r\n", "[Site \"S\"]\r\n"}
-        << QStringList{"", "1. d4 * \r\n"};
+        << QStringList{"[Event \"A\"]\r\n", "[Site \"S\"]\r\n"} << QStringList{"", "1. d4 * \r\n"};
     QTest::newRow("escape line in the move text is not stored but ends the game")
         << crlf("[Event \"A\"]\n\n1. e4 e5\n%1-0\n2. Nf3 *\n")
         << QStringList{"[Event \"A\"]\r\n", "2. Nf3 *\r\n"}
         << QStringList{"1. e4 e5 \r\n", "2. Nf3 * \r\n"};
     QTest::newRow("comment line starts the move text; blanks trimmed, tabs kept")
-        << crlf("  [Event \"A\"]  \n\n{Intro}\n1. e4\t*\n")
-        << QStringList{"[Event \"A\"]\r\n"} << QStringList{"{Intro} \r\n1. e4\t* \r\n"};
+        << crlf("  [Event \"A\"]  \n\n{Intro}\n1. e4\t*\n") << QStringList{"[Event \"A\"]\r\n"}
+        << QStringList{"{Intro} \r\n1. e4\t* \r\n"};
     QTest::newRow("lone CR and LF end lines too")
-        << QByteArray("[Event \"A\"]\r[Site \"B\"]\n\n1. e4 *") << QStringList{"[Event \"A\"]\r\n[Site \"B\"]\r\n"}
-        << QStringList{"1. e4 * \r\n"};
+        << QByteArray("[Event \"A\"]\r[Site \"B\"]\n\n1. e4 *")
+        << QStringList{"[Event \"A\"]\r\n[Site \"B\"]\r\n"} << QStringList{"1. e4 * \r\n"};
     QTest::newRow("trailing empty lines add a line end to the last header")
-        << crlf("[Event \"A\"]\n1. e4 *\n\n\n\n")
-        << QStringList{"[Event \"A\"]\r\n\r\n"} << QStringList{"1. e4 * \r\n"};
+        << crlf("[Event \"A\"]\n1. e4 *\n\n\n\n") << QStringList{"[Event \"A\"]\r\n\r\n"}
+        << QStringList{"1. e4 * \r\n"};
 }
 
 void TestStore::lineClassification() {
@@ -137,9 +137,11 @@ void TestStore::roundTripKeepsBytes_data() {
     const QByteArray game = "[Event \"Dortmund\"]\n[White \"R\xE9ti\"]\n[Black \"S\xE4misch\"]\n"
                             "1. e4 e5 {Br\x81ssel} 1-0\n\n";
     QTest::newRow("Windows-1252") << crlf(game) << QStringLiteral("R\u00e9ti");
-    QTest::newRow("UTF-8") << crlf(QString::fromLatin1(game).toUtf8()) << QStringLiteral("R\u00e9ti");
+    QTest::newRow("UTF-8") << crlf(QString::fromLatin1(game).toUtf8())
+                           << QStringLiteral("R\u00e9ti");
     QTest::newRow("UTF-8 with BOM")
-        << (QByteArray("\xEF\xBB\xBF") + crlf(QStringLiteral("[White \"H\u00f8vikodden\"]\n1. d4 *\n\n").toUtf8()))
+        << (QByteArray("\xEF\xBB\xBF") +
+            crlf(QStringLiteral("[White \"H\u00f8vikodden\"]\n1. d4 *\n\n").toUtf8()))
         << QStringLiteral("H\u00f8vikodden");
 }
 
@@ -173,7 +175,8 @@ void TestStore::cancelledOpenDialog() {
     QCOMPARE(boxes[0].title, QString());
     QCOMPARE(boxes[0].icon, MsgIcon::None);
     QCOMPARE(f.platform.lastFilter,
-             QStringLiteral("PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*"));
+             QStringLiteral(
+                 "PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*"));
 }
 
 void TestStore::unopenableFile() {
@@ -263,8 +266,9 @@ void TestStore::closeAsksFirst() {
     auto boxes = f.platform.boxes();
     QCOMPARE(boxes.size(), size_t(1));
     QCOMPARE(boxes[0].title, QStringLiteral("Confirm Clear All Games"));
-    QCOMPARE(boxes[0].text,
-             QStringLiteral("This will remove all loaded games from memory. Do you want to continue ?"));
+    QCOMPARE(
+        boxes[0].text,
+        QStringLiteral("This will remove all loaded games from memory. Do you want to continue ?"));
     QCOMPARE(boxes[0].icon, MsgIcon::Exclamation);
     QCOMPARE(boxes[0].buttons, MsgButtons::YesNo);
     const QString title = f.main().windowTitle();
@@ -288,7 +292,9 @@ void TestStore::saveAllOnEmptyList() {
     const auto boxes = f.platform.boxes();
     QCOMPARE(boxes.size(), size_t(1));
     QCOMPARE(boxes[0].title, QStringLiteral("No Games To Export"));
-    QCOMPARE(boxes[0].text, QStringLiteral("There are no saved games to export.\r\n\r\nSave a PGN game and try again."));
+    QCOMPARE(boxes[0].text,
+             QStringLiteral(
+                 "There are no saved games to export.\r\n\r\nSave a PGN game and try again."));
     QCOMPARE(boxes[0].icon, MsgIcon::Exclamation);
     QVERIFY(f.platform.ofKind(QStringLiteral("showSave")).empty());
 }
@@ -306,9 +312,10 @@ void TestStore::saveNewGameThenSaveAgain() {
     QCOMPARE(w.lstPGNFiles->ListIndex(), int16_t(2));
     QVERIFY(f.m().FileChanged);
     QVERIFY(!w.Tavlon1->GameChanged());
-    QCOMPARE(f.m().GameStore[3].Header,
-             QStringLiteral("[Event \"?\"]\r\n[Site \"?\"]\r\n[Date \"????.??.??\"]\r\n[Round \"?\"]\r\n"
-                            "[White \"?\"]\r\n[Black \"?\"]\r\n[Result \"*\"]\r\n\r\n"));
+    QCOMPARE(
+        f.m().GameStore[3].Header,
+        QStringLiteral("[Event \"?\"]\r\n[Site \"?\"]\r\n[Date \"????.??.??\"]\r\n[Round \"?\"]\r\n"
+                       "[White \"?\"]\r\n[Black \"?\"]\r\n[Result \"*\"]\r\n\r\n"));
     QCOMPARE(f.m().GameStore[3].Moves, QStringLiteral("1. e4 e5 *\r\n"));
     QVERIFY(w.mnuFileSaveAll->isEnabled());
     w.mnuFileSave_Click();
@@ -339,7 +346,8 @@ void TestStore::promptsAndTheirCancel() {
     auto boxes = f.platform.boxes();
     QCOMPARE(boxes.size(), size_t(1));
     QCOMPARE(boxes[0].title, QStringLiteral("Unsaved Game Changes"));
-    QCOMPARE(boxes[0].text, QStringLiteral("The game has changed. Save changes before continuing?"));
+    QCOMPARE(boxes[0].text,
+             QStringLiteral("The game has changed. Save changes before continuing?"));
     QCOMPARE(boxes[0].buttons, MsgButtons::YesNoCancel);
     // Open: Yes to the game saves it into the store; then the file prompt; Cancel stops.
     f.platform.clear();
@@ -349,7 +357,8 @@ void TestStore::promptsAndTheirCancel() {
     boxes = f.platform.boxes();
     QCOMPARE(boxes.size(), size_t(2));
     QCOMPARE(boxes[1].title, QStringLiteral("Unsaved File Changes"));
-    QCOMPARE(boxes[1].text, QStringLiteral("The PGN file has changed. Save changes before continuing?"));
+    QCOMPARE(boxes[1].text,
+             QStringLiteral("The PGN file has changed. Save changes before continuing?"));
     QVERIFY(f.platform.ofKind(QStringLiteral("showOpen")).empty());
     QCOMPARE(f.m().gameCount(), 3);
     // No at the game prompt keeps the change flag; Load then replaces the game.
@@ -367,8 +376,9 @@ void TestStore::saveAsWritesTagsAndMoveList() {
     const QString out = f.platform.path(QStringLiteral("one.pgn"));
     f.platform.queueSave(out);
     f.main().mnuFileSaveAs_Click();
-    QCOMPARE(AppFixture::readFile(out),
-             crlf("[Event \"Club\"]\n[White \"Ann\"]\n[Result \"1-0\"]\n\n1. e4 e5\n2. Nf3 Nc6\n1-0\n"));
+    QCOMPARE(
+        AppFixture::readFile(out),
+        crlf("[Event \"Club\"]\n[White \"Ann\"]\n[Result \"1-0\"]\n\n1. e4 e5\n2. Nf3 Nc6\n1-0\n"));
     QVERIFY(!f.m().FileChanged);
     // A cancelled dialog writes nothing and says nothing.
     f.platform.clear();

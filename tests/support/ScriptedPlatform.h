@@ -56,9 +56,9 @@ public:
     QStringList printed;
 
     // Failures on demand.
-    QSet<QString> unreadable;    // paths whose opening for input fails
-    QSet<QString> unwritable;    // paths whose opening for output fails
-    QSet<QString> startable;     // programs that start; any other fails
+    QSet<QString> unreadable; // paths whose opening for input fails
+    QSet<QString> unwritable; // paths whose opening for output fails
+    QSet<QString> startable;  // programs that start; any other fails
     bool printerFails = false;
 
     QString dir() const { return dir_.path(); }

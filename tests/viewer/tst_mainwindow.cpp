@@ -103,8 +103,8 @@ void TestMainWindow::menusAndToolbar() {
     for (QAction* a : w.mnuFile->actions())
         file << (a->isSeparator() ? QStringLiteral("-") : a->text());
     QCOMPARE(file, (QStringList{"&New", "Open...", "Load Game", "&Close", "-", "&Save Game",
-                                "Save Game &As...", "Save All", "Save All As...", "-",
-                                "&Print...", "-", "E&xit"}));
+                                "Save Game &As...", "Save All", "Save All As...", "-", "&Print...",
+                                "-", "E&xit"}));
     QCOMPARE(w.mnuFileOpen->shortcut(), QKeySequence(QStringLiteral("Ctrl+O")));
     QCOMPARE(w.mnuFileExit->shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
     QCOMPARE(w.mnuEditFind->shortcut(), QKeySequence(QStringLiteral("Ctrl+F")));
@@ -113,13 +113,14 @@ void TestMainWindow::menusAndToolbar() {
     QVERIFY(w.mnuViewToolbar->isChecked());
     QVERIFY(w.mnuViewStatusBar->isChecked());
     QCOMPARE(w.Toolbar1->buttonCount(), 27);
-    const QStringList keys{"New", "", "Open", "Close", "Load", "Save", "SaveAll", "", "Print",
-                           "", "Delete", "", "Copy", "Find", "", "Cycle", "Variation", "",
-                           "Prev", "Start", "Back", "Forward", "End", "Next", "", "StartAP",
-                           "StopAP"};
+    const QStringList keys{"New",     "",      "Open",      "Close",  "Load",    "Save",  "SaveAll",
+                           "",        "Print", "",          "Delete", "",        "Copy",  "Find",
+                           "",        "Cycle", "Variation", "",       "Prev",    "Start", "Back",
+                           "Forward", "End",   "Next",      "",       "StartAP", "StopAP"};
     for (int i = 1; i <= 27; ++i)
         QCOMPARE(w.Toolbar1->keyAt(i), keys[i - 1]);
-    QCOMPARE(w.Toolbar1->button(QStringLiteral("Cycle"))->toolTip(), QStringLiteral("Reverse View"));
+    QCOMPARE(w.Toolbar1->button(QStringLiteral("Cycle"))->toolTip(),
+             QStringLiteral("Reverse View"));
     QVERIFY(w.Toolbar1->button(QStringLiteral("Delete"))->isCheckable());
     for (const QString& key : keys)
         if (!key.isEmpty())
@@ -138,17 +139,27 @@ void TestMainWindow::startupFile_data() {
     const QString Q = "Q", PNP = "PNP", L = "L";
     const int W = 0xFFFFFF, G = 0xC0C0C0;
     QTest::newRow("no file") << QByteArray() << false << Q << PNP << 1 << L << W << G;
-    QTest::newRow("all six") << crlf("R\nPS\n 12 \nA\n255\n65280\n") << true << "R" << "PS" << 12 << "A" << 255 << 65280;
+    QTest::newRow("all six") << crlf("R\nPS\n 12 \nA\n255\n65280\n") << true << "R"
+                             << "PS" << 12 << "A" << 255 << 65280;
     QTest::newRow("one line") << crlf("R\n") << true << Q << PNP << 1 << L << W << G;
     QTest::newRow("three lines") << crlf("R\nPR\n 5 \n") << true << Q << "PR" << 1 << L << W << G;
-    QTest::newRow("five lines") << crlf("R\nPR\n 5 \nP\n255\n") << true << Q << "PR" << 1 << "P" << W << G;
-    QTest::newRow("line 5 not a number") << crlf("B\nPR\n 5 \nP\nwhite\n255\n") << true << "B" << "PR" << 1 << "P" << W << G;
-    QTest::newRow("line 6 not a number") << crlf("B\nPR\n 5 \nP\n255\nx\n") << true << "B" << "PR" << 1 << "P" << 255 << G;
-    QTest::newRow("speed beyond 16 bits") << crlf("B\nPR\n 40000 \nP\n255\n256\n") << true << "B" << "PR" << 1 << "P" << 255 << 256;
-    QTest::newRow("blanks round numbers, speed without blanks") << crlf("K\nPPP\n90\nL\n 255 \n 256 \n") << true << "K" << "PPP" << 90 << L << 255 << 256;
-    QTest::newRow("speed with letters, half to even") << crlf("Q\nPS\n2.5x\nL\n1\n2\n") << true << Q << "PS" << 2 << L << 1 << 2;
-    QTest::newRow("more than six lines") << crlf("R\nPS\n 3 \nA\n1\n2\ngarbage\n") << true << "R" << "PS" << 3 << "A" << 1 << 2;
-    QTest::newRow("hand-edited nonsense keeps the defaults") << crlf("X\nZZ\n 0 \n\n1\n2\n") << true << Q << PNP << 1 << L << 1 << 2;
+    QTest::newRow("five lines") << crlf("R\nPR\n 5 \nP\n255\n") << true << Q << "PR" << 1 << "P"
+                                << W << G;
+    QTest::newRow("line 5 not a number") << crlf("B\nPR\n 5 \nP\nwhite\n255\n") << true << "B"
+                                         << "PR" << 1 << "P" << W << G;
+    QTest::newRow("line 6 not a number") << crlf("B\nPR\n 5 \nP\n255\nx\n") << true << "B"
+                                         << "PR" << 1 << "P" << 255 << G;
+    QTest::newRow("speed beyond 16 bits") << crlf("B\nPR\n 40000 \nP\n255\n256\n") << true << "B"
+                                          << "PR" << 1 << "P" << 255 << 256;
+    QTest::newRow("blanks round numbers, speed without blanks")
+        << crlf("K\nPPP\n90\nL\n 255 \n 256 \n") << true << "K"
+        << "PPP" << 90 << L << 255 << 256;
+    QTest::newRow("speed with letters, half to even")
+        << crlf("Q\nPS\n2.5x\nL\n1\n2\n") << true << Q << "PS" << 2 << L << 1 << 2;
+    QTest::newRow("more than six lines") << crlf("R\nPS\n 3 \nA\n1\n2\ngarbage\n") << true << "R"
+                                         << "PS" << 3 << "A" << 1 << 2;
+    QTest::newRow("hand-edited nonsense keeps the defaults")
+        << crlf("X\nZZ\n 0 \n\n1\n2\n") << true << Q << PNP << 1 << L << 1 << 2;
 }
 
 void TestMainWindow::startupFile() {
@@ -240,7 +251,8 @@ void TestMainWindow::unloadClosesTheOtherWindows() {
     w.mnuToolsEditTags_Click();
     w.mnuEditFind_Click();
     QCOMPARE(s.app->forms().size(), size_t(4));
-    QCOMPARE(s.app->findForm(QStringLiteral("frmEditTags"))->windowTitle(), QStringLiteral("Tag Editor"));
+    QCOMPARE(s.app->findForm(QStringLiteral("frmEditTags"))->windowTitle(),
+             QStringLiteral("Tag Editor"));
     QCloseEvent event;
     QApplication::sendEvent(&w, &event);
     QVERIFY(event.isAccepted());
@@ -252,35 +264,58 @@ void TestMainWindow::unloadClosesTheOtherWindows() {
 void TestMainWindow::toolbarDispatch_data() {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("effect");
-    QTest::newRow("New") << "New" << "new game";
-    QTest::newRow("Open") << "Open" << "open dialog";
-    QTest::newRow("Close") << "Close" << "close box";
-    QTest::newRow("Load") << "Load" << "loaded";
-    QTest::newRow("Save") << "Save" << "saved";
-    QTest::newRow("SaveAll") << "SaveAll" << "save dialog";
-    QTest::newRow("Delete") << "Delete" << "marked";
-    QTest::newRow("Find") << "Find" << "window frmFind";
-    QTest::newRow("Cycle") << "Cycle" << "view B";
-    QTest::newRow("Variation") << "Variation" << "window frmVariation";
-    QTest::newRow("Prev") << "Prev" << "entry 0";
-    QTest::newRow("Next") << "Next" << "entry 1";
-    QTest::newRow("Start") << "Start" << "ply 0";
-    QTest::newRow("Back") << "Back" << "ply 1";
-    QTest::newRow("Forward") << "Forward" << "ply 3";
-    QTest::newRow("End") << "End" << "ply 4";
-    QTest::newRow("StartAP") << "StartAP" << "running";
-    QTest::newRow("StopAP") << "StopAP" << "stopped";
-    QTest::newRow("Print does nothing yet") << "Print" << "nothing";
-    QTest::newRow("Copy does nothing yet") << "Copy" << "nothing";
-    QTest::newRow("separator") << "" << "nothing";
-    QTest::newRow("unknown") << "Bogus" << "nothing";
+    QTest::newRow("New") << "New"
+                         << "new game";
+    QTest::newRow("Open") << "Open"
+                          << "open dialog";
+    QTest::newRow("Close") << "Close"
+                           << "close box";
+    QTest::newRow("Load") << "Load"
+                          << "loaded";
+    QTest::newRow("Save") << "Save"
+                          << "saved";
+    QTest::newRow("SaveAll") << "SaveAll"
+                             << "save dialog";
+    QTest::newRow("Delete") << "Delete"
+                            << "marked";
+    QTest::newRow("Find") << "Find"
+                          << "window frmFind";
+    QTest::newRow("Cycle") << "Cycle"
+                           << "view B";
+    QTest::newRow("Variation") << "Variation"
+                               << "window frmVariation";
+    QTest::newRow("Prev") << "Prev"
+                          << "entry 0";
+    QTest::newRow("Next") << "Next"
+                          << "entry 1";
+    QTest::newRow("Start") << "Start"
+                           << "ply 0";
+    QTest::newRow("Back") << "Back"
+                          << "ply 1";
+    QTest::newRow("Forward") << "Forward"
+                             << "ply 3";
+    QTest::newRow("End") << "End"
+                         << "ply 4";
+    QTest::newRow("StartAP") << "StartAP"
+                             << "running";
+    QTest::newRow("StopAP") << "StopAP"
+                            << "stopped";
+    QTest::newRow("Print does nothing yet") << "Print"
+                                            << "nothing";
+    QTest::newRow("Copy does nothing yet") << "Copy"
+                                           << "nothing";
+    QTest::newRow("separator") << ""
+                               << "nothing";
+    QTest::newRow("unknown") << "Bogus"
+                             << "nothing";
 }
 
 void TestMainWindow::toolbarDispatch() {
     QFETCH(QString, key);
     QFETCH(QString, effect);
     AppFixture f;
-    f.openText(crlf("[Event \"A\"]\n\n1. e4 e5 2. Nf3 Nc6 *\n\n[Event \"B\"]\n\n1. d4 *\n\n[Event \"C\"]\n\n1. c4 *\n\n"));
+    f.openText(crlf("[Event \"A\"]\n\n1. e4 e5 2. Nf3 Nc6 *\n\n[Event \"B\"]\n\n1. d4 *\n\n[Event "
+                    "\"C\"]\n\n1. c4 *\n\n"));
     frmMain& w = f.main();
     w.lstPGNFiles->setListIndex(1);
     w.mnuFileLoad_Click();
@@ -407,7 +442,8 @@ void TestMainWindow::editors() {
     QCOMPARE(boxes.size(), size_t(1));
     QCOMPARE(boxes[0].icon, MsgIcon::Exclamation);
     QCOMPARE(boxes[0].title, QString());
-    QCOMPARE(s.platform.ofKind(QStringLiteral("start")).front().text, QStringLiteral("libreoffice --writer"));
+    QCOMPARE(s.platform.ofKind(QStringLiteral("start")).front().text,
+             QStringLiteral("libreoffice --writer"));
     s.platform.clear();
     s.platform.startable << QStringLiteral("mousepad");
     w.mnuToolsEditorsNotepad_Click();
@@ -422,8 +458,7 @@ void TestMainWindow::autoPlay_data() {
     QTest::addColumn<QStringList>("ticks");
     QTest::newRow("PS stops at the end")
         << "PS" << 0 << QStringList{"0:1 on", "0:2 on", "0:2 off", "0:2 off"};
-    QTest::newRow("PR repeats")
-        << "PR" << 0 << QStringList{"0:1 on", "0:2 on", "0:0 on", "0:1 on"};
+    QTest::newRow("PR repeats") << "PR" << 0 << QStringList{"0:1 on", "0:2 on", "0:0 on", "0:1 on"};
     QTest::newRow("PNP goes on to the next game and stops at the last")
         << "PNP" << 1 << QStringList{"1:1 on", "2:0 on", "2:1 on", "2:2 on", "2:3 on", "2:3 off"};
     QTest::newRow("PPP goes back and stops at the first")

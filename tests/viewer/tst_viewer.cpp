@@ -8,13 +8,13 @@ using namespace tolvisk;
 
 namespace {
 
-const QByteArray kGames = crlf(
-    "[Event \"First\"]\n[White \"Anna\"]\n[Black \"Bert\"]\n\n"
-    "{Before} 1. e4 e5 {Open} 2. Nf3 (2. f4 exf4 $1) Nc6 $14 3. Bb5 a6 4. Ba4 Nf6 5. O-O Be7\n"
-    "6. Re1 b5 7. Bb3 d6 8. c3 O-O 9. h3 Nb8 10. d4 Nbd7 11. c4 c6 12. cxb5 axb5 1-0\n\n"
-    "[Event \"Second\"]\n[SetUp \"1\"]\n[Forsyth \"4k3/8/8/8/8/8/4P3/4K3 w - - 0 1\"]\n\n"
-    "1. e4 Kd7 *\n\n"
-    "[Event \"Broken\"]\n\n1. e4 e4 *\n\n");
+const QByteArray kGames =
+    crlf("[Event \"First\"]\n[White \"Anna\"]\n[Black \"Bert\"]\n\n"
+         "{Before} 1. e4 e5 {Open} 2. Nf3 (2. f4 exf4 $1) Nc6 $14 3. Bb5 a6 4. Ba4 Nf6 5. O-O Be7\n"
+         "6. Re1 b5 7. Bb3 d6 8. c3 O-O 9. h3 Nb8 10. d4 Nbd7 11. c4 c6 12. cxb5 axb5 1-0\n\n"
+         "[Event \"Second\"]\n[SetUp \"1\"]\n[Forsyth \"4k3/8/8/8/8/8/4P3/4K3 w - - 0 1\"]\n\n"
+         "1. e4 Kd7 *\n\n"
+         "[Event \"Broken\"]\n\n1. e4 e4 *\n\n");
 
 struct Loaded : AppFixture {
     Loaded() {
@@ -52,7 +52,8 @@ void TestViewer::loadShowsTheGame() {
     Loaded f;
     frmMain& w = f.main();
     QCOMPARE(f.m().CurrentGame, int16_t(1));
-    QCOMPARE(w.lstTags->items(), (QStringList{"[Event \"First\"]", "[White \"Anna\"]", "[Black \"Bert\"]"}));
+    QCOMPARE(w.lstTags->items(),
+             (QStringList{"[Event \"First\"]", "[White \"Anna\"]", "[Black \"Bert\"]"}));
     QCOMPARE(w.Tavlon1->Ply(), int16_t(0));
     QCOMPARE(w.Tavlon1->GameLength(), int16_t(24));
     QCOMPARE(w.Tavlon1->WhitePlayer(), QStringLiteral("Anna"));
@@ -107,14 +108,18 @@ void TestViewer::checkForForsyth_data() {
     QTest::addColumn<QStringList>("tags");
     QTest::addColumn<bool>("isForsyth");
     QTest::addColumn<QString>("forsyth");
-    QTest::newRow("marker then value") << QStringList{"[SetUp \"1\"]", "[Forsyth \"x y\"]"} << true << "x y";
-    QTest::newRow("value then marker") << QStringList{"[Forsyth \"x y\"]", "[SetUp \"1\"]"} << true << "x y";
+    QTest::newRow("marker then value")
+        << QStringList{"[SetUp \"1\"]", "[Forsyth \"x y\"]"} << true << "x y";
+    QTest::newRow("value then marker")
+        << QStringList{"[Forsyth \"x y\"]", "[SetUp \"1\"]"} << true << "x y";
     QTest::newRow("SetUp 0") << QStringList{"[SetUp \"0\"]", "[Forsyth \"x\"]"} << false << "";
     QTest::newRow("no marker") << QStringList{"[Forsyth \"x\"]"} << false << "";
     QTest::newRow("marker alone") << QStringList{"[SetUp \"1\"]", "[FEN \"x\"]"} << true << "";
     QTest::newRow("earlier line with the word wins")
-        << QStringList{"[Event \"Forsyth test\"]", "[SetUp \"1\"]", "[Forsyth \"x\"]"} << true << "Forsyth test";
-    QTest::newRow("single quote") << QStringList{"[SetUp \"1\"]", "[Forsyth \"abc]"} << true << "abc]";
+        << QStringList{"[Event \"Forsyth test\"]", "[SetUp \"1\"]", "[Forsyth \"x\"]"} << true
+        << "Forsyth test";
+    QTest::newRow("single quote") << QStringList{"[SetUp \"1\"]", "[Forsyth \"abc]"} << true
+                                  << "abc]";
 }
 
 void TestViewer::checkForForsyth() {
@@ -148,13 +153,14 @@ void TestViewer::playerStateRows_data() {
     QTest::addColumn<QStringList>("enabled");
     QTest::addColumn<QStringList>("disabled");
     QTest::newRow("start of the game, first entry")
-        << 0 << 0 << QStringList{"Forward", "End", "Next", "Load", "Delete", "Find", "Close", "StartAP"}
+        << 0 << 0
+        << QStringList{"Forward", "End", "Next", "Load", "Delete", "Find", "Close", "StartAP"}
         << QStringList{"Start", "Back", "Prev", "Save", "SaveAll", "StopAP"};
     QTest::newRow("end of the game, middle entry")
         << 24 << 1 << QStringList{"Start", "Back", "Prev", "Next"}
         << QStringList{"Forward", "End", "StartAP", "StopAP"};
-    QTest::newRow("no selection")
-        << 3 << -1 << QStringList{"Next", "Start", "Forward"} << QStringList{"Prev"};
+    QTest::newRow("no selection") << 3 << -1 << QStringList{"Next", "Start", "Forward"}
+                                  << QStringList{"Prev"};
 }
 
 void TestViewer::playerStateRows() {
@@ -205,7 +211,10 @@ void TestViewer::fiftyMoveNotice() {
     auto boxes = f.platform.boxes();
     QCOMPARE(boxes.size(), size_t(1));
     QCOMPARE(boxes[0].title, QStringLiteral("50 Move Rule"));
-    QCOMPARE(boxes[0].text, QStringLiteral("Fifty move rule:\r\n\r\nIt has been 50 moves since the last pawn move or capture."));
+    QCOMPARE(
+        boxes[0].text,
+        QStringLiteral(
+            "Fifty move rule:\r\n\r\nIt has been 50 moves since the last pawn move or capture."));
     QCOMPARE(boxes[0].icon, MsgIcon::Information);
     w.Tavlon1->GotoPly(0); // 49
     f.platform.clear();
@@ -216,10 +225,14 @@ void TestViewer::fiftyMoveNotice() {
 void TestViewer::moveListStyles_data() {
     QTest::addColumn<QString>("style");
     QTest::addColumn<QString>("text");
-    QTest::newRow("L") << "L" << "1. e4 e5\r\n2. Nf3 Nc6\r\n1-0";
-    QTest::newRow("P") << "P" << "1.e4 e5 2.Nf3 Nc6 1-0 ";
-    QTest::newRow("A") << "A" << "{Start}\r\n 1. e4 e5 {Open}\r\n 2. Nf3 (2. f4 exf4) 2... Nc6 1-0 \r\n";
-    QTest::newRow("other") << "X" << "";
+    QTest::newRow("L") << "L"
+                       << "1. e4 e5\r\n2. Nf3 Nc6\r\n1-0";
+    QTest::newRow("P") << "P"
+                       << "1.e4 e5 2.Nf3 Nc6 1-0 ";
+    QTest::newRow("A") << "A"
+                       << "{Start}\r\n 1. e4 e5 {Open}\r\n 2. Nf3 (2. f4 exf4) 2... Nc6 1-0 \r\n";
+    QTest::newRow("other") << "X"
+                           << "";
 }
 
 void TestViewer::moveListStyles() {
@@ -227,7 +240,8 @@ void TestViewer::moveListStyles() {
     QFETCH(QString, text);
     AppFixture f;
     f.m().MoveListStyle = style;
-    f.main().Tavlon1->LoadMoves(QStringLiteral("{Start} 1. e4 e5 {Open} 2. Nf3 (2. f4 exf4) Nc6 1-0"));
+    f.main().Tavlon1->LoadMoves(
+        QStringLiteral("{Start} 1. e4 e5 {Open} 2. Nf3 (2. f4 exf4) Nc6 1-0"));
     f.m().BuildMoveList();
     QCOMPARE(f.main().txtMoveList->Text(), text);
 }
@@ -236,13 +250,20 @@ void TestViewer::doubleClickOnMoveNumber_data() {
     QTest::addColumn<QString>("style");
     QTest::addColumn<QString>("word");
     QTest::addColumn<int>("ply");
-    QTest::newRow("list number") << "L" << "2." << 4;
-    QTest::newRow("list move does nothing") << "L" << "Nf3" << 1;
-    QTest::newRow("annotated number") << "A" << "3." << 6;
-    QTest::newRow("paragraph word") << "P" << "2.Nf3" << 4;
-    QTest::newRow("paragraph black move does nothing") << "P" << "Nc6" << 1;
-    QTest::newRow("paragraph word without digits goes to 0") << "P" << "a.b" << 0;
-    QTest::newRow("too large for a ply does nothing") << "L" << "20000." << 1;
+    QTest::newRow("list number") << "L"
+                                 << "2." << 4;
+    QTest::newRow("list move does nothing") << "L"
+                                            << "Nf3" << 1;
+    QTest::newRow("annotated number") << "A"
+                                      << "3." << 6;
+    QTest::newRow("paragraph word") << "P"
+                                    << "2.Nf3" << 4;
+    QTest::newRow("paragraph black move does nothing") << "P"
+                                                       << "Nc6" << 1;
+    QTest::newRow("paragraph word without digits goes to 0") << "P"
+                                                             << "a.b" << 0;
+    QTest::newRow("too large for a ply does nothing") << "L"
+                                                      << "20000." << 1;
 }
 
 void TestViewer::doubleClickOnMoveNumber() {
@@ -274,7 +295,8 @@ void TestViewer::annotateAndSaveKeepsEverything() {
     QVERIFY(!f.m().FileChanged);
     w.mnuFileSave_Click();
     const QString moves = f.m().GameStore[1].Moves;
-    QVERIFY(moves.startsWith(QStringLiteral("{Before} 1. e4 e5 {Solid, and classical} 2. Nf3 (2. f4 exf4 $1) 2... Nc6 $14")));
+    QVERIFY(moves.startsWith(QStringLiteral(
+        "{Before} 1. e4 e5 {Solid, and classical} 2. Nf3 (2. f4 exf4 $1) 2... Nc6 $14")));
     QVERIFY(moves.endsWith(QStringLiteral("1-0\r\n")));
     // Save All and reopen: the game comes back with its variation, NAGs and comments.
     const QString out = f.platform.path(QStringLiteral("saved.pgn"));
@@ -282,7 +304,8 @@ void TestViewer::annotateAndSaveKeepsEverything() {
     w.mnuFileSaveAllAs_Click();
     f.open(out);
     // Read back as imported lines, each with its trailing blank.
-    QCOMPARE(f.m().GameStore[1].Moves, QString(moves).replace(QStringLiteral("\r\n"), QStringLiteral(" \r\n")));
+    QCOMPARE(f.m().GameStore[1].Moves,
+             QString(moves).replace(QStringLiteral("\r\n"), QStringLiteral(" \r\n")));
     w.mnuFileLoad_Click();
     w.Tavlon1->GotoPly(2);
     QString annotation;

@@ -58,11 +58,19 @@ void BoardGame::gotoPly(int ply) {
     ply_ = std::clamp(ply, 0, gameLength());
 }
 
-int BoardGame::ply() const { return ply_; }
-int BoardGame::gameLength() const { return int(game_.main.moves.size()); }
+int BoardGame::ply() const {
+    return ply_;
+}
+int BoardGame::gameLength() const {
+    return int(game_.main.moves.size());
+}
 
-int BoardGame::fiftyMoveCount() const { return positions_[size_t(ply_)].halfmoveClock() / 2; }
-int BoardGame::moveNumber() const { return positions_[size_t(ply_)].fullmoveNumber(); }
+int BoardGame::fiftyMoveCount() const {
+    return positions_[size_t(ply_)].halfmoveClock() / 2;
+}
+int BoardGame::moveNumber() const {
+    return positions_[size_t(ply_)].fullmoveNumber();
+}
 int BoardGame::listMoveNumber() const {
     return ply_ == 0 ? 0 : positions_[size_t(ply_ - 1)].fullmoveNumber();
 }
@@ -125,15 +133,29 @@ void BoardGame::setAnnotation(std::string_view text) {
     target = std::string(text);
 }
 
-std::string BoardGame::movesAsList() const { return writeList(game_); }
-std::string BoardGame::movesAsParagraph() const { return writeParagraph(game_); }
-std::string BoardGame::movesAnnotated() const { return writeAnnotated(game_); }
+std::string BoardGame::movesAsList() const {
+    return writeList(game_);
+}
+std::string BoardGame::movesAsParagraph() const {
+    return writeParagraph(game_);
+}
+std::string BoardGame::movesAnnotated() const {
+    return writeAnnotated(game_);
+}
 
-std::string BoardGame::result() const { return game_.result; }
-void BoardGame::setResult(std::string_view result) { game_.result = std::string(result); }
+std::string BoardGame::result() const {
+    return game_.result;
+}
+void BoardGame::setResult(std::string_view result) {
+    game_.result = std::string(result);
+}
 
-bool BoardGame::changed() const { return changed_; }
-void BoardGame::setChanged(bool changed) { changed_ = changed; }
+bool BoardGame::changed() const {
+    return changed_;
+}
+void BoardGame::setChanged(bool changed) {
+    changed_ = changed;
+}
 
 namespace {
 
@@ -173,7 +195,7 @@ bool BoardGame::isPromotion(int from, int to) const {
 BoardGame::PlayOutcome BoardGame::playMove(int from, int to, char promotion) {
     MoveList moves;
     positions_[size_t(ply_)].legalMoves(moves);
-    const PieceType wanted = promotion == 'R' ? Rook
+    const PieceType wanted = promotion == 'R'   ? Rook
                              : promotion == 'B' ? Bishop
                              : promotion == 'N' ? Knight
                                                 : Queen;

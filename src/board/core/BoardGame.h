@@ -38,11 +38,11 @@ public:
     int gameLength() const;
 
     // Of the position shown.
-    int fiftyMoveCount() const; // full moves since the last pawn move or capture
-    int moveNumber() const;     // the Forsyth move number
-    int listMoveNumber() const; // number of the move that led here; 0 at ply 0
-    std::string epSquare() const;    // "e3", or "-"
-    std::string onMove() const;      // "White" or "Black"
+    int fiftyMoveCount() const;       // full moves since the last pawn move or capture
+    int moveNumber() const;           // the Forsyth move number
+    int listMoveNumber() const;       // number of the move that led here; 0 at ply 0
+    std::string epSquare() const;     // "e3", or "-"
+    std::string onMove() const;       // "White" or "Black"
     std::string castleRights() const; // "KQkq" letters that apply, or "-"
     std::string lastMoveText() const; // SAN of the move that led here, "" at ply 0
     char pieceAt(int square) const;

@@ -37,13 +37,20 @@ int toNumber(std::string_view s, int fallback) {
 
 PieceType pieceType(char c) {
     switch (std::tolower(static_cast<unsigned char>(c))) {
-    case 'p': return Pawn;
-    case 'n': return Knight;
-    case 'b': return Bishop;
-    case 'r': return Rook;
-    case 'q': return Queen;
-    case 'k': return King;
-    default: return NoType;
+    case 'p':
+        return Pawn;
+    case 'n':
+        return Knight;
+    case 'b':
+        return Bishop;
+    case 'r':
+        return Rook;
+    case 'q':
+        return Queen;
+    case 'k':
+        return King;
+    default:
+        return NoType;
     }
 }
 
@@ -75,7 +82,8 @@ Position Position::fromForsyth(std::string_view text) {
                 throw BoardError(std::string("Unknown piece letter '") + c + "' in Forsyth string");
             if (file > 7)
                 throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
-            pos.put(makeSquare(file, rank), makePiece(std::isupper(static_cast<unsigned char>(c)) ? White : Black, t));
+            pos.put(makeSquare(file, rank),
+                    makePiece(std::isupper(static_cast<unsigned char>(c)) ? White : Black, t));
             ++file;
         }
     }
@@ -92,7 +100,8 @@ Position Position::fromForsyth(std::string_view text) {
         else if (f[1] == "b" || f[1] == "B")
             pos.side_ = Black;
         else
-            throw BoardError("Unknown side to move \"" + std::string(f[1]) + "\" in Forsyth string");
+            throw BoardError("Unknown side to move \"" + std::string(f[1]) +
+                             "\" in Forsyth string");
     }
     if (f.size() > 2 && f[2] != "-") {
         for (char c : f[2]) {
@@ -183,7 +192,8 @@ std::string Position::forsyth() const {
                 s += char('0' + empty);
             empty = 0;
             const char letter = kLetters[typeOf(p)];
-            s += colorOf(p) == White ? letter : char(std::tolower(static_cast<unsigned char>(letter)));
+            s += colorOf(p) == White ? letter
+                                     : char(std::tolower(static_cast<unsigned char>(letter)));
         }
         if (empty)
             s += char('0' + empty);

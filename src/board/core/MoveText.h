@@ -16,8 +16,8 @@ struct Line;
 struct Node {
     Move move;
     std::vector<int> nags;
-    std::string comment;           // after the move: the annotation of its ply
-    std::vector<Line> variations;  // alternatives to this move
+    std::string comment;          // after the move: the annotation of its ply
+    std::vector<Line> variations; // alternatives to this move
 };
 
 struct Line {

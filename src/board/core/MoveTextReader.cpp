@@ -4,25 +4,37 @@
 #include "MoveText.h"
 #include "San.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace tavlon {
 
 namespace {
 
-bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v'; }
-bool isDelimiter(char c) { return isSpace(c) || c == '{' || c == '}' || c == '(' || c == ')' || c == ';' || c == '$'; }
+bool isSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
+}
+bool isDelimiter(char c) {
+    return isSpace(c) || c == '{' || c == '}' || c == '(' || c == ')' || c == ';' || c == '$';
+}
 
 bool isResult(std::string_view w) {
     return w == "1-0" || w == "0-1" || w == "1/2-1/2" || w == "*" || w == "1/2" ||
-           w == "\xC2\xBD-\xC2\xBD" || w == "1\xE2\x80\x93" "0" || w == "0\xE2\x80\x93" "1" ||
-           w == "1/2\xE2\x80\x93" "1/2";
+           w == "\xC2\xBD-\xC2\xBD" ||
+           w == "1\xE2\x80\x93"
+                "0" ||
+           w == "0\xE2\x80\x93"
+                "1" ||
+           w == "1/2\xE2\x80\x93"
+                "1/2";
 }
 
 std::string normalResult(std::string_view w) {
-    if (w == "1\xE2\x80\x93" "0")
+    if (w == "1\xE2\x80\x93"
+             "0")
         return "1-0";
-    if (w == "0\xE2\x80\x93" "1")
+    if (w == "0\xE2\x80\x93"
+             "1")
         return "0-1";
     if (w.substr(0, 1) == "1" && w.size() > 3 && w != "1-0")
         return "1/2-1/2"; // the draw in any of its spellings
@@ -55,8 +67,8 @@ void appendComment(std::string& to, std::string_view text) {
 
 struct Frame {
     Line* line;
-    Position pos;      // before the next move of this line
-    Position lastPos;  // before the line's last move
+    Position pos;     // before the next move of this line
+    Position lastPos; // before the line's last move
     bool hasMove = false;
 };
 
@@ -124,7 +136,10 @@ public:
             if (c == '$') {
                 while (stop < n && std::isdigit(static_cast<unsigned char>(text_[stop])))
                     ++stop;
-                nag(std::atoi(std::string(text_.substr(i + 1, stop - i - 1)).c_str()));
+                int value = 0;
+                for (size_t k = i + 1; k < stop; ++k)
+                    value = std::min(value * 10 + (text_[k] - '0'), 1000); // no overflow
+                nag(value);
                 i = stop;
                 continue;
             }

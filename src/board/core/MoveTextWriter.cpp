@@ -9,7 +9,9 @@ namespace {
 
 constexpr size_t kLineWidth = 79;
 
-bool startsEscape(std::string_view w) { return !w.empty() && w[0] == '%'; }
+bool startsEscape(std::string_view w) {
+    return !w.empty() && w[0] == '%';
+}
 
 // Joins words into lines of at most 79 characters with CR LF between them. A line that the
 // importer would read as the end of a game (it ends like a result) or as an escape line (it

@@ -4,7 +4,9 @@ namespace tavlon {
 
 namespace {
 
-bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v'; }
+bool isSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
+}
 
 bool isResultWord(std::string_view w) {
     return w == "1-0" || w == "0-1" || w == "1/2-1/2" || w == "*";

@@ -14,7 +14,8 @@ struct Tables {
     std::array<std::array<int8_t, 9>, 64> king{};
     std::array<std::array<std::array<int8_t, 8>, 8>, 64> ray{};
     Tables() {
-        const int kd[8][2] = {{1, 2}, {2, 1}, {2, -1}, {1, -2}, {-1, -2}, {-2, -1}, {-2, 1}, {-1, 2}};
+        const int kd[8][2] = {{1, 2},   {2, 1},   {2, -1}, {1, -2},
+                              {-1, -2}, {-2, -1}, {-2, 1}, {-1, 2}};
         const int gd[8][2] = {{0, 1}, {0, -1}, {1, 0}, {-1, 0}, {1, 1}, {-1, 1}, {1, -1}, {-1, -1}};
         for (int sq = 0; sq < 64; ++sq) {
             int f = fileOf(sq), r = rankOf(sq);
@@ -49,12 +50,15 @@ const Tables& tables() {
     return t;
 }
 
-bool isDiagonal(int dir) { return dir >= 4; }
+bool isDiagonal(int dir) {
+    return dir >= 4;
+}
 
 } // namespace
 
 Position Position::start() {
-    static const Position p = fromForsyth("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1");
+    static const Position p =
+        fromForsyth("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1");
     return p;
 }
 
@@ -286,8 +290,8 @@ void Position::legalMovesTo(MoveList& list, PieceType type, int to) const {
                 const Piece p = board_[sq];
                 if (!p)
                     continue;
-                if (colorOf(p) == us && ((typeOf(p) == slider && want(slider)) ||
-                                         (typeOf(p) == Queen && want(Queen))))
+                if (colorOf(p) == us &&
+                    ((typeOf(p) == slider && want(slider)) || (typeOf(p) == Queen && want(Queen))))
                     add(sq, Move::Normal);
                 break;
             }
@@ -414,6 +418,22 @@ bool Position::operator==(const Position& o) const {
     return board_ == o.board_ && side_ == o.side_ && ep_ == o.ep_ &&
            castle_[0][0] == o.castle_[0][0] && castle_[0][1] == o.castle_[0][1] &&
            castle_[1][0] == o.castle_[1][0] && castle_[1][1] == o.castle_[1][1];
+}
+
+long perft(const Position& pos, int depth) {
+    if (depth <= 0)
+        return 1;
+    MoveList list;
+    pos.legalMoves(list);
+    if (depth == 1)
+        return list.size;
+    long nodes = 0;
+    for (Move m : list) {
+        Position next = pos;
+        next.play(m);
+        nodes += perft(next, depth - 1);
+    }
+    return nodes;
 }
 
 } // namespace tavlon

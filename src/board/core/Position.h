@@ -11,16 +11,36 @@
 namespace tavlon {
 
 enum Color : int { White = 0, Black = 1 };
-enum PieceType : int { NoType = 0, Pawn = 1, Knight = 2, Bishop = 3, Rook = 4, Queen = 5, King = 6 };
+enum PieceType : int {
+    NoType = 0,
+    Pawn = 1,
+    Knight = 2,
+    Bishop = 3,
+    Rook = 4,
+    Queen = 5,
+    King = 6
+};
 
 // A piece is type | (color << 3); 0 is an empty square.
 using Piece = int8_t;
-constexpr Piece makePiece(Color c, PieceType t) { return Piece(t | (c << 3)); }
-constexpr PieceType typeOf(Piece p) { return PieceType(p & 7); }
-constexpr Color colorOf(Piece p) { return Color(p >> 3); }
-constexpr int fileOf(int sq) { return sq & 7; }
-constexpr int rankOf(int sq) { return sq >> 3; }
-constexpr int makeSquare(int file, int rank) { return file + 8 * rank; }
+constexpr Piece makePiece(Color c, PieceType t) {
+    return Piece(t | (c << 3));
+}
+constexpr PieceType typeOf(Piece p) {
+    return PieceType(p & 7);
+}
+constexpr Color colorOf(Piece p) {
+    return Color(p >> 3);
+}
+constexpr int fileOf(int sq) {
+    return sq & 7;
+}
+constexpr int rankOf(int sq) {
+    return sq >> 3;
+}
+constexpr int makeSquare(int file, int rank) {
+    return file + 8 * rank;
+}
 
 struct Move {
     enum Flag : uint8_t { Normal = 0, EnPassant = 1, Castle = 2, Null = 4, DoubleStep = 8 };
@@ -94,5 +114,8 @@ private:
     int fullmove_ = 1;
     bool chess960_ = false;
 };
+
+// Leaf nodes of the legal move tree to `depth` plies: the standard check of a move generator.
+long perft(const Position& pos, int depth);
 
 } // namespace tavlon

@@ -12,27 +12,42 @@ const char kPieceLetters[] = "  NBRQK";
 
 PieceType pieceFromLetter(char c) {
     switch (c) {
-    case 'N': return Knight;
-    case 'B': return Bishop;
-    case 'R': return Rook;
-    case 'Q': return Queen;
-    case 'K': return King;
-    default: return NoType;
+    case 'N':
+        return Knight;
+    case 'B':
+        return Bishop;
+    case 'R':
+        return Rook;
+    case 'Q':
+        return Queen;
+    case 'K':
+        return King;
+    default:
+        return NoType;
     }
 }
 
 PieceType promotionFromLetter(char c) {
     switch (std::toupper(static_cast<unsigned char>(c))) {
-    case 'N': return Knight;
-    case 'B': return Bishop;
-    case 'R': return Rook;
-    case 'Q': return Queen;
-    default: return NoType;
+    case 'N':
+        return Knight;
+    case 'B':
+        return Bishop;
+    case 'R':
+        return Rook;
+    case 'Q':
+        return Queen;
+    default:
+        return NoType;
     }
 }
 
-bool isFile(char c) { return c >= 'a' && c <= 'h'; }
-bool isRank(char c) { return c >= '1' && c <= '8'; }
+bool isFile(char c) {
+    return c >= 'a' && c <= 'h';
+}
+bool isRank(char c) {
+    return c >= '1' && c <= '8';
+}
 
 [[noreturn]] void illegal(std::string_view token) {
     throw BoardError("Illegal move \"" + std::string(token) + "\"");
@@ -41,12 +56,18 @@ bool isRank(char c) { return c >= '1' && c <= '8'; }
 } // namespace
 
 int glyphNag(std::string_view g) {
-    if (g == "!") return 1;
-    if (g == "?") return 2;
-    if (g == "!!") return 3;
-    if (g == "??") return 4;
-    if (g == "!?") return 5;
-    if (g == "?!") return 6;
+    if (g == "!")
+        return 1;
+    if (g == "?")
+        return 2;
+    if (g == "!!")
+        return 3;
+    if (g == "??")
+        return 4;
+    if (g == "!?")
+        return 5;
+    if (g == "?!")
+        return 6;
     return 0;
 }
 

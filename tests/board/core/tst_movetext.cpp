@@ -15,7 +15,9 @@ using namespace tavlon;
 
 namespace {
 
-QString q(const std::string& s) { return QString::fromStdString(s); }
+QString q(const std::string& s) {
+    return QString::fromStdString(s);
+}
 
 BoardGame loaded(const char* text) {
     BoardGame g;
@@ -56,9 +58,10 @@ private slots:
 };
 
 void TestMoveText::reading() {
-    const Game g = readMoveText("{Intro  text}\r\n1. e4! e5 {a\r\nb} $14 2.Nf3 ( 2. f4 ( 2. d4 ) exf4 ) 2...Nc6 "
-                                "; rest of line\r\n% escape 1-0\r\n3.Bb5 1/2-1/2 4. a4",
-                                Position::start());
+    const Game g = readMoveText(
+        "{Intro  text}\r\n1. e4! e5 {a\r\nb} $14 2.Nf3 ( 2. f4 ( 2. d4 ) exf4 ) 2...Nc6 "
+        "; rest of line\r\n% escape 1-0\r\n3.Bb5 1/2-1/2 4. a4",
+        Position::start());
     QCOMPARE(q(g.main.leadComment), QStringLiteral("Intro text"));
     QCOMPARE(g.main.moves.size(), size_t(5));
     QCOMPARE(g.main.moves[0].nags, std::vector<int>{1});
@@ -75,12 +78,18 @@ void TestMoveText::reading() {
 void TestMoveText::readingErrors_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("message");
-    QTest::newRow("illegal") << "1. e4 e5 2. Nf6 *" << "Illegal move \"Nf6\" at ply 3";
-    QTest::newRow("ambiguous") << "1. Nf3 d5 2. Nc3 d4 3. Nd2 *" << "Illegal move \"Nd2\" at ply 5";
-    QTest::newRow("unbalanced open") << "1. e4 (1. d4 *" << "Unbalanced \"(\" at ply 2";
-    QTest::newRow("unbalanced close") << "1. e4 ) e5 *" << "Unbalanced \")\" at ply 2";
-    QTest::newRow("variation first") << "( 1. d4 ) 1. e4 *" << "Variation before any move at ply 1";
-    QTest::newRow("illegal in a variation") << "1. e4 (1. e5) *" << "Illegal move \"e5\" at ply 1";
+    QTest::newRow("illegal") << "1. e4 e5 2. Nf6 *"
+                             << "Illegal move \"Nf6\" at ply 3";
+    QTest::newRow("ambiguous") << "1. Nf3 d5 2. Nc3 d4 3. Nd2 *"
+                               << "Illegal move \"Nd2\" at ply 5";
+    QTest::newRow("unbalanced open") << "1. e4 (1. d4 *"
+                                     << "Unbalanced \"(\" at ply 2";
+    QTest::newRow("unbalanced close") << "1. e4 ) e5 *"
+                                      << "Unbalanced \")\" at ply 2";
+    QTest::newRow("variation first") << "( 1. d4 ) 1. e4 *"
+                                     << "Variation before any move at ply 1";
+    QTest::newRow("illegal in a variation") << "1. e4 (1. e5) *"
+                                            << "Illegal move \"e5\" at ply 1";
 }
 
 void TestMoveText::readingErrors() {
@@ -99,14 +108,22 @@ void TestMoveText::writers_data() {
     QTest::addColumn<QString>("list");
     QTest::addColumn<QString>("paragraph");
     QTest::addColumn<QString>("annotated");
-    QTest::newRow("empty game") << "" << "*" << "*" << "*";
-    QTest::newRow("plain") << "1. e4 e5 2. Nf3 1-0" << "1. e4 e5\r\n2. Nf3\r\n1-0"
-                           << "1.e4 e5 2.Nf3 1-0" << "1. e4 e5 2. Nf3 1-0";
+    QTest::newRow("empty game") << ""
+                                << "*"
+                                << "*"
+                                << "*";
+    QTest::newRow("plain") << "1. e4 e5 2. Nf3 1-0"
+                           << "1. e4 e5\r\n2. Nf3\r\n1-0"
+                           << "1.e4 e5 2.Nf3 1-0"
+                           << "1. e4 e5 2. Nf3 1-0";
     QTest::newRow("annotations") << "{A} 1. e4 $1 e5? {B} 2. Nf3 (2. f4) Nc6 0-1"
-                                 << "1. e4! e5?\r\n2. Nf3 Nc6\r\n0-1" << "1.e4! e5? 2.Nf3 Nc6 0-1"
+                                 << "1. e4! e5?\r\n2. Nf3 Nc6\r\n0-1"
+                                 << "1.e4! e5? 2.Nf3 Nc6 0-1"
                                  << "{A} 1. e4 $1 e5 $2 {B} 2. Nf3 (2. f4) 2... Nc6 0-1";
-    QTest::newRow("braces and line ends in a comment are cleaned")
-        << "1. e4 {x\r\ny} *" << "1. e4\r\n*" << "1.e4 *" << "1. e4 {x y} *";
+    QTest::newRow("braces and line ends in a comment are cleaned") << "1. e4 {x\r\ny} *"
+                                                                   << "1. e4\r\n*"
+                                                                   << "1.e4 *"
+                                                                   << "1. e4 {x y} *";
 }
 
 void TestMoveText::writers() {
@@ -231,9 +248,9 @@ void TestMoveText::corpusMatchesTheOracle() {
         QSKIP("the shared corpus is not here");
     // Deliberately broken files, where splitting broken text is a matter of taste, and
     // positions without kings, which this board refuses.
-    const QStringList skipped{"syntactic-error", "optional-kings", "withDelimiters",
-                              "blackAbsentResult", "fromChessProgrammingWiki",
-                              "unicodeResultWeirdDash"};
+    const QStringList skipped{"syntactic-error",          "optional-kings",
+                              "withDelimiters",           "blackAbsentResult",
+                              "fromChessProgrammingWiki", "unicodeResultWeirdDash"};
     int compared = 0;
     QStringList differences;
     QDirIterator it(corpus, {QStringLiteral("*.pgn")}, QDir::Files, QDirIterator::Subdirectories);
@@ -247,12 +264,14 @@ void TestMoveText::corpusMatchesTheOracle() {
             skip = skip || relative.contains(s);
         if (skip)
             continue;
-        QFile oracleFile(corpus + QStringLiteral("/oracle/") + relative.chopped(4) + QStringLiteral(".txt"));
+        QFile oracleFile(corpus + QStringLiteral("/oracle/") + relative.chopped(4) +
+                         QStringLiteral(".txt"));
         QFile pgnFile(path);
         if (!oracleFile.open(QIODevice::ReadOnly) || !pgnFile.open(QIODevice::ReadOnly))
             continue;
         const QByteArray bytes = pgnFile.readAll();
-        const std::vector<PgnGame> games = splitPgn(std::string_view(bytes.constData(), size_t(bytes.size())));
+        const std::vector<PgnGame> games =
+            splitPgn(std::string_view(bytes.constData(), size_t(bytes.size())));
         for (const QByteArray& raw : oracleFile.readAll().split('\n')) {
             const QList<QByteArray> f = raw.split(' ');
             bool numbered = false, counted = false;
@@ -265,16 +284,19 @@ void TestMoveText::corpusMatchesTheOracle() {
             if (size_t(n) <= games.size()) {
                 const PgnGame& g = games[size_t(n - 1)];
                 try {
-                    const Position start = g.fen.empty() ? Position::start() : Position::fromForsyth(g.fen);
+                    const Position start =
+                        g.fen.empty() ? Position::start() : Position::fromForsyth(g.fen);
                     const Game game = readMoveText(g.moves, start, true);
-                    mine = QString::number(game.main.moves.size()) + u' ' + comparable(q(game.end.forsyth()));
+                    mine = QString::number(game.main.moves.size()) + u' ' +
+                           comparable(q(game.end.forsyth()));
                 } catch (const BoardError& e) {
                     mine = QString::fromUtf8(e.what());
                 }
             }
             ++compared;
             if (mine != QString::number(plies) + u' ' + comparable(fen))
-                differences << relative + QStringLiteral(" game ") + QString::number(n) + QStringLiteral(": ") + mine;
+                differences << relative + QStringLiteral(" game ") + QString::number(n) +
+                                   QStringLiteral(": ") + mine;
         }
     }
     QVERIFY(compared > 8000);
@@ -293,7 +315,8 @@ void TestMoveText::corpusRoundTrips() {
         if (!file.open(QIODevice::ReadOnly))
             continue;
         const QByteArray bytes = file.readAll();
-        for (const PgnGame& g : splitPgn(std::string_view(bytes.constData(), size_t(bytes.size())))) {
+        for (const PgnGame& g :
+             splitPgn(std::string_view(bytes.constData(), size_t(bytes.size())))) {
             BoardGame first;
             try {
                 first.loadMovesFrom(g.fen.empty() ? Position::start().forsyth() : g.fen, g.moves);
@@ -309,7 +332,8 @@ void TestMoveText::corpusRoundTrips() {
                 differences << file.fileName() + QStringLiteral(": ") + QString::fromUtf8(e.what());
                 continue;
             }
-            if (second.movesAnnotated() != written || second.forsythAt(second.gameLength()) != first.forsythAt(first.gameLength()))
+            if (second.movesAnnotated() != written ||
+                second.forsythAt(second.gameLength()) != first.forsythAt(first.gameLength()))
                 differences << file.fileName();
         }
     }
