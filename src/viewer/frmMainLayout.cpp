@@ -9,6 +9,7 @@
 #include "viewer/ToolbarIcons.h"
 #include "viewer/Twips.h"
 
+#include <QLayout>
 #include <QMenuBar>
 
 using tolvisk::twipsRect;
@@ -91,6 +92,8 @@ void frmMain::createControls() {
 
     sbStatusBar = new tolvisk::PanelStatusBar(this);
     sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
+    // No minimum window size: the panels' minimum widths must not hold the window wide.
+    sbStatusBar->setSizePolicy(QSizePolicy::Ignored, sbStatusBar->sizePolicy().verticalPolicy());
     setStatusBar(sbStatusBar);
 
     Timer1 = new tolvisk::Timer(this);
@@ -102,10 +105,6 @@ void frmMain::createControls() {
 
     createToolbar();
     createMenus();
-
-    // Below the board panel, whatever the toolbar does.
-    setTopTwips(txtPreview, 5700);
-    setTopTwips(lstPGNFiles, 5700);
 
     QWidget* order[] = {picMain,    Tavlon1,     txtAnnotation,
                         cmdSetAnno, txtMoveList, cmdClearAnnotation,
@@ -120,6 +119,12 @@ void frmMain::createControls() {
         QRect area = screen->availableGeometry();
         move(area.center() - QPoint(client.width() / 2, client.height() / 2));
     }
+
+    // The bars take their real heights now rather than at the first show, so that the game list
+    // and the preview are placed below the board panel from the start.
+    layout()->activate();
+    setTopTwips(txtPreview, 5700);
+    setTopTwips(lstPGNFiles, 5700);
 }
 
 void frmMain::setTopTwips(QWidget* widget, int top) {
