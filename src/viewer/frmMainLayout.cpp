@@ -8,6 +8,7 @@
 #include "viewer/Application.h"
 #include "viewer/ToolbarIcons.h"
 #include "viewer/Twips.h"
+#include "viewer/WindowPlacement.h"
 
 #include <QLayout>
 #include <QMenuBar>
@@ -115,10 +116,7 @@ void frmMain::createControls() {
     // The client area of the design, the menu bar above it, centred on the screen.
     const QSize client(twipsToPx(9210), twipsToPx(7215) + menuBar()->sizeHint().height());
     resize(client);
-    if (QScreen* screen = QGuiApplication::primaryScreen()) {
-        QRect area = screen->availableGeometry();
-        move(area.center() - QPoint(client.width() / 2, client.height() / 2));
-    }
+    tolvisk::centreOnScreen(this);
 
     // The bars take their real heights now rather than at the first show, so that the game list
     // and the preview are placed below the board panel from the start.
