@@ -44,11 +44,17 @@ int replay(const std::vector<std::string>& args) {
             const Game game = readMoveText(g.moves, start, true);
             const Position& pos = game.end;
             plies += long(game.main.moves.size());
-            out += std::to_string(n) + " " + std::to_string(game.main.moves.size()) + " " +
-                   pos.forsyth() + "\n";
+            char head[32];
+            std::snprintf(head, sizeof head, "%d %zu ", n, game.main.moves.size());
+            out += head;
+            out += pos.forsyth();
+            out += '\n';
         } catch (const BoardError& e) {
             ++refused;
-            out += std::to_string(n) + " REFUSED " + e.what() + "\n";
+            out += std::to_string(n);
+            out += " REFUSED ";
+            out += e.what();
+            out += '\n';
         }
     }
     const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();

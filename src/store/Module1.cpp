@@ -49,14 +49,23 @@ void Module1::FillGameList() {
     QStringList entries;
     entries.reserve(n);
     for (int i = 1; i <= n; ++i) {
+        // The tag lines side by side, each followed by a blank; empty pieces are left out.
         const QString& header = GameStore[size_t(i)].Header;
+        const QChar* text = header.constData();
+        const qsizetype size = header.size();
         QString entry;
-        entry.reserve(header.size());
-        for (QStringView piece : QStringView(header).split(kCrLf)) {
-            if (piece.isEmpty())
+        entry.reserve(size);
+        qsizetype start = 0;
+        for (qsizetype k = 0; k <= size; ++k) {
+            const bool end = k == size || (text[k] == u'\r' && k + 1 < size && text[k + 1] == u'\n');
+            if (!end)
                 continue;
-            entry += piece;
-            entry += QLatin1Char(' ');
+            if (k > start) {
+                entry.append(text + start, k - start);
+                entry += QLatin1Char(' ');
+            }
+            start = k + 2;
+            ++k;
         }
         entries << (entry.isEmpty() ? QStringLiteral("??? No Tags Found ???") : entry);
     }

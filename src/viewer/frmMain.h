@@ -175,6 +175,7 @@ public:
     void WriteStartupFile();
 
     tolvisk::Application& app() { return app_; }
+    static constexpr int kToolbarHeightTwips = 360;
     // The folder the File Open dialog starts in: the bundled samples until another folder has
     // been used.
     QString openDialogStartDir();

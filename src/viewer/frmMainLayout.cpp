@@ -127,13 +127,13 @@ void frmMain::createControls() {
 
 void frmMain::setTopTwips(QWidget* widget, int top) {
     // Tops are counted from the top of the client area, where the toolbar stands when shown.
-    const int toolbar = Toolbar1->isHidden() ? 0 : Toolbar1->height();
-    widget->move(widget->x(), twipsToPx(top) - toolbar);
+    const int toolbar = Toolbar1->isHidden() ? 0 : kToolbarHeightTwips;
+    widget->move(widget->x(), twipsToPx(top - toolbar));
 }
 
 int frmMain::topTwips(QWidget* widget) const {
-    const int toolbar = Toolbar1->isHidden() ? 0 : Toolbar1->height();
-    return tolvisk::pxToTwips(widget->y() + toolbar);
+    const int toolbar = Toolbar1->isHidden() ? 0 : kToolbarHeightTwips;
+    return tolvisk::pxToTwips(widget->y()) + toolbar;
 }
 
 void frmMain::createMenus() {
@@ -256,6 +256,7 @@ void frmMain::createToolbar() {
     Toolbar1->setMovable(false);
     Toolbar1->setFloatable(false);
     Toolbar1->setIconSize(QSize(16, 16));
+    Toolbar1->setFixedHeight(twipsToPx(kToolbarHeightTwips));
     Toolbar1->setStyleSheet(QStringLiteral("QToolBar { spacing: 0px; padding: 0px; }"));
     addToolBar(Qt::TopToolBarArea, Toolbar1);
 

@@ -29,11 +29,14 @@ std::string normalResult(std::string_view w) {
     return std::string(w);
 }
 
-// Comment text as kept: whitespace runs become one blank, none at the ends.
+// Comment text as kept: whitespace runs become one blank, none at the ends, and no "}" (which
+// a brace comment could not hold when written back).
 void appendComment(std::string& to, std::string_view text) {
     std::string clean;
     bool space = false;
     for (char c : text) {
+        if (c == '}')
+            continue;
         if (isSpace(c)) {
             space = !clean.empty();
             continue;

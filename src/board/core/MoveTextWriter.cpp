@@ -37,7 +37,9 @@ std::string wrap(const std::vector<std::string>& words) {
             carried.clear();
         }
         if (endsLikeResult(*line.back())) {
-            line.push_back(&w); // nowhere to break: keep going on this line
+            // Nowhere to break: keep going on this line.
+            line.insert(line.end(), carried.begin(), carried.end());
+            line.push_back(&w);
             width = added;
             continue;
         }

@@ -1,0 +1,189 @@
+// Positions, legal moves (perft), Forsyth strings and SAN.
+
+#include "core/BoardError.h"
+#include "core/Position.h"
+#include "core/San.h"
+
+#include <QTest>
+
+using namespace tavlon;
+
+namespace {
+
+long perft(const Position& p, int depth) {
+    MoveList list;
+    p.legalMoves(list);
+    if (depth == 1)
+        return list.size;
+    long n = 0;
+    for (Move m : list) {
+        Position q = p;
+        q.play(m);
+        n += perft(q, depth - 1);
+    }
+    return n;
+}
+
+std::string afterSan(const std::string& fen, const std::vector<std::string>& moves) {
+    Position p = Position::fromForsyth(fen);
+    for (const std::string& m : moves)
+        p.play(readSan(p, m).move);
+    return p.forsyth();
+}
+
+const char* kStart = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
+
+} // namespace
+
+class TestPosition : public QObject {
+    Q_OBJECT
+private slots:
+    void perftCounts_data();
+    void perftCounts();
+    void forsythRoundTrip_data();
+    void forsythRoundTrip();
+    void forsythRefusals_data();
+    void forsythRefusals();
+    void sanReading_data();
+    void sanReading();
+    void sanRefusals_data();
+    void sanRefusals();
+    void sanWriting_data();
+    void sanWriting();
+};
+
+void TestPosition::perftCounts_data() {
+    QTest::addColumn<QString>("fen");
+    QTest::addColumn<int>("depth");
+    QTest::addColumn<qlonglong>("nodes");
+    // Depths kept small for the sanitizer build; tolvisk-bench perft runs the deep ones.
+    QTest::newRow("start 4") << kStart << 4 << 197281LL;
+    QTest::newRow("kiwipete 3") << "r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1" << 3 << 97862LL;
+    QTest::newRow("position 3, 4") << "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - - 0 1" << 4 << 43238LL;
+    QTest::newRow("position 4, 3") << "r3k2r/Pppp1ppp/1b3nbN/nP6/BBP1P3/q4N2/Pp1P2PP/R2Q1RK1 w kq - 0 1" << 3 << 9467LL;
+    QTest::newRow("position 5, 3") << "rnbq1k1r/pp1Pbppp/2p5/8/2B5/8/PPP1NnPP/RNBQK2R w KQ - 1 8" << 3 << 62379LL;
+    QTest::newRow("position 6, 3") << "r4rk1/1pp1qppp/p1np1n2/2b1p1B1/2B1P1b1/P1NP1N2/1PP1QPPP/R4RK1 w - - 0 10" << 3 << 89890LL;
+    QTest::newRow("chess960 castling") << "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w HFhf - 2 9" << 3 << 12189LL;
+}
+
+void TestPosition::perftCounts() {
+    QFETCH(QString, fen);
+    QFETCH(int, depth);
+    QFETCH(qlonglong, nodes);
+    QCOMPARE(qlonglong(perft(Position::fromForsyth(fen.toStdString()), depth)), nodes);
+}
+
+void TestPosition::forsythRoundTrip_data() {
+    QTest::addColumn<QString>("in");
+    QTest::addColumn<QString>("out");
+    QTest::newRow("start") << kStart << kStart;
+    QTest::newRow("kings only, as the setup window writes it") << "4k3/8/8/8/8/8/8/4K3 w - - 0 1" << "4k3/8/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("rights the position does not allow are dropped") << "4k3/8/8/8/8/8/8/4K3 w KQkq - 0 1" << "4k3/8/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("move number 0 counts as 1") << "4k3/8/8/8/8/8/8/4K3 b - - 5 0" << "4k3/8/8/8/8/8/8/4K3 b - - 5 1";
+    QTest::newRow("missing fields take defaults") << "4k3/8/8/8/8/8/8/4K3 b" << "4k3/8/8/8/8/8/8/4K3 b - - 0 1";
+    QTest::newRow("extra blanks") << "  4k3/8/8/8/8/8/8/4K3   w  -  -  3  7 " << "4k3/8/8/8/8/8/8/4K3 w - - 3 7";
+    QTest::newRow("impossible ep square dropped") << "4k3/8/8/8/8/8/8/4K3 w - e6 0 1" << "4k3/8/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("possible ep square kept") << "4k3/8/8/3pP3/8/8/8/4K3 w - d6 0 2" << "4k3/8/8/3pP3/8/8/8/4K3 w - d6 0 2";
+    QTest::newRow("two white kings pass") << "4k3/8/8/8/8/8/8/K3K3 w - - 0 1" << "4k3/8/8/8/8/8/8/K3K3 w - - 0 1";
+    QTest::newRow("shredder letters in a 960 position") << "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w HFhf - 2 9" << "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w KFkf - 2 9";
+}
+
+void TestPosition::forsythRoundTrip() {
+    QFETCH(QString, in);
+    QFETCH(QString, out);
+    QCOMPARE(QString::fromStdString(Position::fromForsyth(in.toStdString()).forsyth()), out);
+}
+
+void TestPosition::forsythRefusals_data() {
+    QTest::addColumn<QString>("fen");
+    QTest::newRow("empty") << "";
+    QTest::newRow("blanks only") << "   ";
+    QTest::newRow("seven ranks") << "4k3/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("nine ranks") << "4k3/8/8/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("short rank") << "4k3/7/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("long rank") << "4k3/9/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("unknown piece") << "4k3/8/8/8/8/8/8/4K2X w - - 0 1";
+    QTest::newRow("no white king") << "4k3/8/8/8/8/8/8/8 w - - 0 1";
+    QTest::newRow("no black king") << "8/8/8/8/8/8/8/4K3 w - - 0 1";
+    QTest::newRow("unknown side") << "4k3/8/8/8/8/8/8/4K3 x - - 0 1";
+}
+
+void TestPosition::forsythRefusals() {
+    QFETCH(QString, fen);
+    QVERIFY_THROWS_EXCEPTION(BoardError, Position::fromForsyth(fen.toStdString()));
+}
+
+void TestPosition::sanReading_data() {
+    QTest::addColumn<QString>("fen");
+    QTest::addColumn<QStringList>("moves");
+    QTest::addColumn<QString>("after");
+    const QString knights = "4k3/8/8/8/8/8/8/1N2KN2 w - - 0 1";
+    QTest::newRow("plain") << kStart << QStringList{"e4", "e5", "Nf3"} << "rnbqkbnr/pppp1ppp/8/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R b KQkq - 1 2";
+    QTest::newRow("coordinates") << kStart << QStringList{"e2e4", "e7-e5", "Ng1-f3"} << "rnbqkbnr/pppp1ppp/8/4p3/4P3/5N2/PPPP1PPP/RNBQKB1R b KQkq - 1 2";
+    QTest::newRow("file disambiguation") << knights << QStringList{"Nbd2"} << "4k3/8/8/8/8/8/3N4/4KN2 b - - 1 1";
+    QTest::newRow("over-disambiguated") << knights << QStringList{"Nf1g3"} << "4k3/8/8/8/8/6N1/8/1N2K3 b - - 1 1";
+    QTest::newRow("glyphs, checks, missing x") << "4k3/8/8/3p4/4P3/8/8/4K3 w - - 0 1" << QStringList{"ed5!?"} << "4k3/8/8/3P4/8/8/8/4K3 b - - 0 1";
+    QTest::newRow("castling with zeros") << "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1" << QStringList{"0-0", "0-0-0+"} << "2kr3r/8/8/8/8/8/8/R4RK1 w - - 2 2";
+    QTest::newRow("promotion forms") << "4k3/P7/8/8/8/8/7p/4K3 w - - 0 1" << QStringList{"a8Q+", "Kd7", "Kf2", "h1=N+"} << "Q7/3k4/8/8/8/8/5K2/7n w - - 0 3";
+    QTest::newRow("promotion in brackets") << "4k3/P7/8/8/8/8/8/4K3 w - - 0 1" << QStringList{"a8(R)"} << "R3k3/8/8/8/8/8/8/4K3 b - - 0 1";
+    QTest::newRow("en passant remark") << "4k3/8/8/3pP3/8/8/8/4K3 w - d6 0 2" << QStringList{"exd6e.p."} << "4k3/8/3P4/8/8/8/8/4K3 b - - 0 2";
+    QTest::newRow("null move") << kStart << QStringList{"--", "e5"} << "rnbqkbnr/pppp1ppp/8/4p3/8/8/PPPPPPPP/RNBQKBNR w KQkq e6 0 2";
+    QTest::newRow("pinned knight is not a candidate") << "4r1k1/8/8/8/8/8/4N3/1N2K3 w - - 0 1" << QStringList{"Nc3"} << "4r1k1/8/8/8/8/2N5/4N3/4K3 b - - 1 1";
+}
+
+void TestPosition::sanReading() {
+    QFETCH(QString, fen);
+    QFETCH(QStringList, moves);
+    QFETCH(QString, after);
+    std::vector<std::string> list;
+    for (const QString& m : moves)
+        list.push_back(m.toStdString());
+    QCOMPARE(QString::fromStdString(afterSan(fen.toStdString(), list)), after);
+}
+
+void TestPosition::sanRefusals_data() {
+    QTest::addColumn<QString>("fen");
+    QTest::addColumn<QString>("move");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("illegal") << kStart << "e5" << "Illegal move \"e5\"";
+    QTest::newRow("ambiguous") << "4k3/8/8/8/8/8/8/1N2KN2 w - - 0 1" << "Nd2" << "Ambiguous move \"Nd2\"";
+    QTest::newRow("garbage") << kStart << "xyz" << "Illegal move \"xyz\"";
+    QTest::newRow("castling not allowed") << kStart << "O-O" << "Illegal move \"O-O\"";
+}
+
+void TestPosition::sanRefusals() {
+    QFETCH(QString, fen);
+    QFETCH(QString, move);
+    QFETCH(QString, message);
+    try {
+        readSan(Position::fromForsyth(fen.toStdString()), move.toStdString());
+        QFAIL("accepted");
+    } catch (const BoardError& e) {
+        QCOMPARE(QString::fromUtf8(e.what()), message);
+    }
+}
+
+void TestPosition::sanWriting_data() {
+    QTest::addColumn<QString>("fen");
+    QTest::addColumn<QString>("in");
+    QTest::addColumn<QString>("san");
+    QTest::newRow("file") << "4k3/8/8/8/8/8/8/1N2KN2 w - - 0 1" << "b1d2" << "Nbd2";
+    QTest::newRow("rank") << "4k3/8/N7/8/8/8/N7/4K3 w - - 0 1" << "a2b4" << "N2b4";
+    QTest::newRow("square") << "4k3/8/8/8/Q1Q5/8/Q7/4K3 w - - 0 1" << "a4b3" << "Qa4b3";
+    QTest::newRow("no need despite pin") << "4r1k1/8/8/8/8/8/4N3/1N2K3 w - - 0 1" << "b1c3" << "Nc3";
+    QTest::newRow("pawn capture, check") << "4k3/8/5p2/4P3/8/8/8/4K3 w - - 0 1" << "e5f6" << "exf6";
+    QTest::newRow("promotion with check") << "4k3/P7/8/8/8/8/8/4K3 w - - 0 1" << "a7a8q" << "a8=Q+";
+    QTest::newRow("mate") << "6k1/5ppp/8/8/8/8/8/R5K1 w - - 0 1" << "a1a8" << "Ra8#";
+    QTest::newRow("long castling") << "r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1" << "O-O-O" << "O-O-O";
+}
+
+void TestPosition::sanWriting() {
+    QFETCH(QString, fen);
+    QFETCH(QString, in);
+    QFETCH(QString, san);
+    const Position p = Position::fromForsyth(fen.toStdString());
+    QCOMPARE(QString::fromStdString(writeSan(p, readSan(p, in.toStdString()).move)), san);
+}
+
+QTEST_APPLESS_MAIN(TestPosition)
+#include "tst_position.moc"
