@@ -1,4 +1,4 @@
-// Building the main window: controls at their design places, menus, toolbar, status bar and the
+// Building the main window: controls at their places, menus, toolbar, status bar and the
 // wiring of events to handlers.
 
 #include "viewer/frmMain.h"
@@ -113,7 +113,7 @@ void frmMain::createControls() {
     for (size_t i = 0; i + 1 < std::size(order); ++i)
         setTabOrder(order[i], order[i + 1]);
 
-    // The client area of the design, the menu bar above it, centred on the screen.
+    // The window's own client area, the menu bar above it, centred on the screen.
     const QSize client(twipsToPx(9210), twipsToPx(7215) + menuBar()->sizeHint().height());
     resize(client);
     tolvisk::centreOnScreen(this);

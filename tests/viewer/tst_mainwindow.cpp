@@ -56,8 +56,8 @@ class TestMainWindow : public QObject {
 private slots:
     void initTestCase();
 
-    void controlsAtDesignPlaces_data();
-    void controlsAtDesignPlaces();
+    void controlsAtTheirPlaces_data();
+    void controlsAtTheirPlaces();
     void windowCaptionsAndTips();
     void menuTree_data();
     void menuTree();
@@ -78,7 +78,7 @@ private slots:
     void toolbarToggleKeepsLowerEdge();
     void toggles_data();
     void toggles();
-    void designSizeHasNoOverlap();
+    void nothingOverlaps();
 
     void toolbarDispatchTable_data();
     void toolbarDispatchTable();
@@ -110,7 +110,7 @@ void TestMainWindow::initTestCase() {
         qputenv(name, xdg.filePath(QString::fromLatin1(name)).toLocal8Bit());
 }
 
-void TestMainWindow::controlsAtDesignPlaces_data() {
+void TestMainWindow::controlsAtTheirPlaces_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("parent");
     QTest::addColumn<QRect>("twips");
@@ -125,7 +125,7 @@ void TestMainWindow::controlsAtDesignPlaces_data() {
     row("txtAnnotation", "picMain", 5940, 3840, 2835, 795);
     row("cmdClearAnnotation", "picMain", 6120, 4740, 795, 375);
     row("cmdSetAnno", "picMain", 7020, 4740, 1635, 375);
-    // The labels size themselves to their text: their width is at least the design's.
+    // The labels size themselves to their text: their width is at least the planned one.
     row("lblMoveNumber", "picMain", 4560, 420, 600, 195);
     row("lblMoveText", "picMain", 4560, 660, 450, 195);
     row("lblOnMove", "picMain", 4560, 900, 705, 195);
@@ -137,7 +137,7 @@ void TestMainWindow::controlsAtDesignPlaces_data() {
     row("Label1", "picMain", 6000, 3600, 810, 195);
 }
 
-void TestMainWindow::controlsAtDesignPlaces() {
+void TestMainWindow::controlsAtTheirPlaces() {
     QFETCH(QString, name);
     QFETCH(QString, parent);
     QFETCH(QRect, twips);
@@ -328,7 +328,7 @@ void TestMainWindow::toolbarPositions() {
     QVERIFY(gap);
     QCOMPARE(gap->width(), px(1500));
     QVERIFY(!actions[17]->isSeparator());
-    // Every button fits on the toolbar at the design width.
+    // Every button fits on the toolbar at the first width.
     showMain(f.main());
     for (const QString& key : keys)
         if (!key.isEmpty())
@@ -660,7 +660,7 @@ void TestMainWindow::toggles() {
     QCOMPARE(w.lstPGNFiles->height(), listHeight);
 }
 
-void TestMainWindow::designSizeHasNoOverlap() {
+void TestMainWindow::nothingOverlaps() {
     for (const QSize client : {QSize(9210, 7215), QSize(13000, 10000)}) {
         AppFixture f;
         frmMain& w = f.main();
