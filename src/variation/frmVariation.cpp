@@ -2,6 +2,7 @@
 
 #include "viewer/Application.h"
 #include "viewer/Twips.h"
+#include "viewer/WindowPlacement.h"
 
 #include <QHBoxLayout>
 
@@ -13,6 +14,7 @@ frmVariation::frmVariation(tolvisk::Application& app) : QWidget(nullptr, Qt::Win
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(Tavlon1);
     resize(Tavlon1->sizeHint());
+    tolvisk::centreOnScreen(this);
     app_.registerForm(this);
 }
 

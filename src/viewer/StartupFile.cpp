@@ -45,43 +45,64 @@ bool isValidPromotion(const QString& piece) {
            piece == QLatin1String("B") || piece == QLatin1String("K");
 }
 
+// The length of the decimal number `s` starts with: sign, digits, point, digits, and an
+// exponent when digits follow it ("2e" is 2); 0 when it starts with none.
+qsizetype numberLength(QStringView s) {
+    qsizetype end = 0;
+    auto digits = [&] {
+        const qsizetype from = end;
+        while (end < s.size() && s[end] >= u'0' && s[end] <= u'9')
+            ++end;
+        return end - from;
+    };
+    if (end < s.size() && (s[end] == u'+' || s[end] == u'-'))
+        ++end;
+    qsizetype mantissa = digits();
+    if (end < s.size() && s[end] == u'.') {
+        ++end;
+        mantissa += digits();
+    }
+    if (mantissa == 0)
+        return 0;
+    const qsizetype beforeExponent = end;
+    if (end < s.size() && (s[end] == u'e' || s[end] == u'E')) {
+        ++end;
+        if (end < s.size() && (s[end] == u'+' || s[end] == u'-'))
+            ++end;
+        if (digits() == 0)
+            end = beforeExponent;
+    }
+    return end;
+}
+
+// Red, green and blue, nothing above: the board has no use for system colours.
+bool isColour(int32_t value) {
+    return value >= 0 && value <= 0xFFFFFF;
+}
+
 } // namespace
 
 double leadingNumber(const QString& text) {
     const QString s = text.trimmed();
-    qsizetype end = 0;
-    if (end < s.size() && (s[end] == u'+' || s[end] == u'-'))
-        ++end;
-    const qsizetype digitsStart = end;
-    while (end < s.size() && s[end].isDigit())
-        ++end;
-    if (end < s.size() && s[end] == u'.') {
-        ++end;
-        while (end < s.size() && s[end].isDigit())
-            ++end;
-    }
-    if (end == digitsStart || (end == digitsStart + 1 && s[digitsStart] == u'.'))
-        return 0;
-    bool ok = false;
-    const double value = s.left(end).toDouble(&ok);
-    return ok ? value : 0;
+    const qsizetype length = numberLength(s);
+    // A number too large for a double comes back infinite, which no range holds.
+    return length == 0 ? 0 : s.left(length).toDouble();
 }
 
 int16_t roundToInt16(double value) {
     const double rounded = roundHalfEven(value);
-    if (rounded < std::numeric_limits<int16_t>::min() ||
+    if (!std::isfinite(rounded) || rounded < std::numeric_limits<int16_t>::min() ||
         rounded > std::numeric_limits<int16_t>::max())
         throw RuntimeError(QStringLiteral("Overflow"), 6);
     return int16_t(rounded);
 }
 
 int32_t toInt32(const QString& text) {
-    bool ok = false;
-    const double value = text.trimmed().toDouble(&ok);
-    if (!ok || !std::isfinite(value))
+    const QString s = text.trimmed();
+    if (s.isEmpty() || numberLength(s) != s.size())
         throw typeMismatch();
-    const double rounded = roundHalfEven(value);
-    if (rounded < std::numeric_limits<int32_t>::min() ||
+    const double rounded = roundHalfEven(s.toDouble());
+    if (!std::isfinite(rounded) || rounded < std::numeric_limits<int32_t>::min() ||
         rounded > std::numeric_limits<int32_t>::max())
         throw RuntimeError(QStringLiteral("Overflow"), 6);
     return int32_t(rounded);
@@ -130,8 +151,12 @@ void frmMain::ReadStartupFile() {
         }
         if (isValidPromotion(line1))
             Tavlon1->setPromotionPiece(line1);
-        Tavlon1->setLightSquareColor(toInt32(line5));
-        Tavlon1->setDarkSquareColor(toInt32(line6));
+        const int32_t light = toInt32(line5);
+        if (isColour(light))
+            Tavlon1->setLightSquareColor(light);
+        const int32_t dark = toInt32(line6);
+        if (isColour(dark))
+            Tavlon1->setDarkSquareColor(dark);
         const int16_t speed = roundToInt16(leadingNumber(line3));
         if (speed >= 1 && speed <= 90)
             m_.APSpeed = speed;

@@ -2,6 +2,7 @@
 
 #include "viewer/Application.h"
 #include "viewer/Twips.h"
+#include "viewer/WindowPlacement.h"
 
 ToolWindow::ToolWindow(tolvisk::Application& app, const QString& name, const QString& title,
                        int clientWidthTwips, int clientHeightTwips)
@@ -10,6 +11,7 @@ ToolWindow::ToolWindow(tolvisk::Application& app, const QString& name, const QSt
     setWindowTitle(title);
     setAttribute(Qt::WA_DeleteOnClose);
     resize(tolvisk::twipsToPx(clientWidthTwips), tolvisk::twipsToPx(clientHeightTwips));
+    tolvisk::centreOnScreen(this);
     app_.registerForm(this);
 }
 

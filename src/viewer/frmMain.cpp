@@ -86,13 +86,24 @@ void frmMain::resizeEvent(QResizeEvent* event) {
 
 namespace {
 
-// The window's outer size in twips, frame, title and menu bar included. Without a window
-// manager there is no frame to measure, and the usual frame and title stand in for it.
-QSize outerSizeTwips(const QWidget* window) {
-    QSize outer = window->frameGeometry().size();
-    if (outer == window->size())
-        outer += QSize(twipsToPx(120), twipsToPx(420));
-    return QSize(pxToTwips(outer.width()), pxToTwips(outer.height()));
+constexpr int kFrameWidthTwips = 120;
+constexpr int kFrameHeightTwips = 660;
+
+// The window's outer size in twips: the client area below the menu bar plus the frame, title
+// and menu bar as the layout rules were drawn for them (120 across, 660 down). Real title bars
+// differ from one window manager to the next; measuring them would push the game list under the
+// status bar on some desktops, while these fixed allowances keep the rules' margins everywhere.
+QSize outerSizeTwips(const QMainWindow* window) {
+    const QMenuBar* menu = window->menuBar();
+    int menuHeight = 0;
+    if (menu && !menu->isHidden()) {
+        // As the window's layout measures it: a narrow window wraps the menu bar.
+        menuHeight = menu->heightForWidth(std::max(window->width(), menu->minimumWidth()));
+        if (menuHeight < 0)
+            menuHeight = menu->sizeHint().height();
+    }
+    return QSize(pxToTwips(window->width()) + kFrameWidthTwips,
+                 pxToTwips(window->height() - menuHeight) + kFrameHeightTwips);
 }
 
 // A control refuses a negative size and keeps the one it has.
@@ -131,6 +142,8 @@ void frmMain::Form_Resize() {
     skipOnError([&] {
         if (!Toolbar1->isHidden())
             Bars = tolvisk::toInt16(Bars + heightTwips(Toolbar1));
+    });
+    skipOnError([&] {
         if (!sbStatusBar->isHidden())
             Bars = tolvisk::toInt16(Bars + heightTwips(sbStatusBar));
     });
@@ -141,12 +154,7 @@ void frmMain::Form_Resize() {
 
 void frmMain::mnuViewToolbar_Click() {
     mnuViewToolbar->setChecked(!mnuViewToolbar->isChecked());
-    const int previewTop = topTwips(txtPreview);
-    const int listTop = topTwips(lstPGNFiles);
     Toolbar1->setVisible(mnuViewToolbar->isChecked());
-    // Keep the controls where they stood until the rule below places them.
-    setTopTwips(txtPreview, previewTop);
-    setTopTwips(lstPGNFiles, listTop);
     const int top = mnuViewToolbar->isChecked() ? 5700 : 5700 - heightTwips(Toolbar1);
     setTopTwips(txtPreview, top);
     setTopTwips(lstPGNFiles, top);
@@ -160,37 +168,41 @@ void frmMain::mnuViewStatusBar_Click() {
     Form_Resize();
 }
 
+frmMain::Handler frmMain::toolbarHandler(const QString& key) {
+    static const std::map<QString, Handler> handlers = {
+        {QStringLiteral("New"), &frmMain::mnuFileNew_Click},
+        {QStringLiteral("Open"), &frmMain::mnuFileOpen_Click},
+        {QStringLiteral("Close"), &frmMain::mnuFileClose_Click},
+        {QStringLiteral("Load"), &frmMain::mnuFileLoad_Click},
+        {QStringLiteral("Save"), &frmMain::mnuFileSave_Click},
+        {QStringLiteral("SaveAll"), &frmMain::mnuFileSaveAll_Click},
+        {QStringLiteral("Print"), &frmMain::mnuFilePrint_Click},
+        {QStringLiteral("Delete"), &frmMain::mnuEditmarkDeleted_Click},
+        {QStringLiteral("Copy"), &frmMain::mnuEditCopyClipboard_Click},
+        {QStringLiteral("Find"), &frmMain::mnuEditFind_Click},
+        {QStringLiteral("Cycle"), &frmMain::mnuBoardReverse_Click},
+        {QStringLiteral("Prev"), &frmMain::mnuPlayerPreviousGame_Click},
+        {QStringLiteral("Start"), &frmMain::mnuPlayerMoveFirst_Click},
+        {QStringLiteral("Back"), &frmMain::mnuPlayerMovePrevious_Click},
+        {QStringLiteral("Forward"), &frmMain::mnuPlayerMoveNext_Click},
+        {QStringLiteral("End"), &frmMain::mnuPlayerMoveLast_Click},
+        {QStringLiteral("Next"), &frmMain::mnuPlayerNextGame_Click},
+        {QStringLiteral("StartAP"), &frmMain::mnuPlayerStartAP_Click},
+        {QStringLiteral("StopAP"), &frmMain::mnuPlayerStopAP_Click},
+    };
+    const auto handler = handlers.find(key);
+    return handler == handlers.end() ? nullptr : handler->second;
+}
+
 void frmMain::Toolbar1_ButtonClick(const QString& key) {
+    // A failing command is passed over: a toolbar click has no message of its own.
     skipOnError([&] {
-        using Handler = void (frmMain::*)();
-        static const std::map<QString, Handler> handlers = {
-            {QStringLiteral("New"), &frmMain::mnuFileNew_Click},
-            {QStringLiteral("Open"), &frmMain::mnuFileOpen_Click},
-            {QStringLiteral("Close"), &frmMain::mnuFileClose_Click},
-            {QStringLiteral("Load"), &frmMain::mnuFileLoad_Click},
-            {QStringLiteral("Save"), &frmMain::mnuFileSave_Click},
-            {QStringLiteral("SaveAll"), &frmMain::mnuFileSaveAll_Click},
-            {QStringLiteral("Print"), &frmMain::mnuFilePrint_Click},
-            {QStringLiteral("Delete"), &frmMain::mnuEditmarkDeleted_Click},
-            {QStringLiteral("Copy"), &frmMain::mnuEditCopyClipboard_Click},
-            {QStringLiteral("Find"), &frmMain::mnuEditFind_Click},
-            {QStringLiteral("Cycle"), &frmMain::mnuBoardReverse_Click},
-            {QStringLiteral("Prev"), &frmMain::mnuPlayerPreviousGame_Click},
-            {QStringLiteral("Start"), &frmMain::mnuPlayerMoveFirst_Click},
-            {QStringLiteral("Back"), &frmMain::mnuPlayerMovePrevious_Click},
-            {QStringLiteral("Forward"), &frmMain::mnuPlayerMoveNext_Click},
-            {QStringLiteral("End"), &frmMain::mnuPlayerMoveLast_Click},
-            {QStringLiteral("Next"), &frmMain::mnuPlayerNextGame_Click},
-            {QStringLiteral("StartAP"), &frmMain::mnuPlayerStartAP_Click},
-            {QStringLiteral("StopAP"), &frmMain::mnuPlayerStopAP_Click},
-        };
         if (key == QLatin1String("Variation")) {
             app_.showForm(QStringLiteral("frmVariation"));
             return;
         }
-        auto handler = handlers.find(key);
-        if (handler != handlers.end())
-            (this->*handler->second)();
+        if (const Handler handler = toolbarHandler(key))
+            (this->*handler)();
     });
 }
 
@@ -252,7 +264,9 @@ void frmMain::mnuEditCopyBitmap_Click() {}
 QString frmMain::openDialogStartDir() {
     if (!lastOpenDir_.isEmpty())
         return lastOpenDir_;
-    return QDir(platform_.exeDir()).filePath(QStringLiteral("samples"));
+    const QString samples = QDir(platform_.exeDir()).filePath(QStringLiteral("samples"));
+    // A copy of the program without its samples starts in the user's home instead.
+    return QFileInfo(samples).isDir() ? samples : QDir::homePath();
 }
 
 void frmMain::rememberOpenDir(const QString& path) {

@@ -105,6 +105,10 @@ public:
     void Form_Unload();
     void Form_Resize();
     void Toolbar1_ButtonClick(const QString& key);
+    using Handler = void (frmMain::*)();
+    // The handler a toolbar key runs, the one its menu entry runs; none for "Variation" (which
+    // shows the variation board) and for any key not on the toolbar.
+    static Handler toolbarHandler(const QString& key);
     void mnuViewToolbar_Click();
     void mnuViewStatusBar_Click();
     void mnuFileExit_Click();

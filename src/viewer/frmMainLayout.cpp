@@ -1,4 +1,4 @@
-// Building the main window: controls at their design places, menus, toolbar, status bar and the
+// Building the main window: controls at their places, menus, toolbar, status bar and the
 // wiring of events to handlers.
 
 #include "viewer/frmMain.h"
@@ -8,7 +8,9 @@
 #include "viewer/Application.h"
 #include "viewer/ToolbarIcons.h"
 #include "viewer/Twips.h"
+#include "viewer/WindowPlacement.h"
 
+#include <QLayout>
 #include <QMenuBar>
 
 using tolvisk::twipsRect;
@@ -91,6 +93,8 @@ void frmMain::createControls() {
 
     sbStatusBar = new tolvisk::PanelStatusBar(this);
     sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
+    // No minimum window size: the panels' minimum widths must not hold the window wide.
+    sbStatusBar->setSizePolicy(QSizePolicy::Ignored, sbStatusBar->sizePolicy().verticalPolicy());
     setStatusBar(sbStatusBar);
 
     Timer1 = new tolvisk::Timer(this);
@@ -103,23 +107,22 @@ void frmMain::createControls() {
     createToolbar();
     createMenus();
 
-    // Below the board panel, whatever the toolbar does.
-    setTopTwips(txtPreview, 5700);
-    setTopTwips(lstPGNFiles, 5700);
-
     QWidget* order[] = {picMain,    Tavlon1,     txtAnnotation,
                         cmdSetAnno, txtMoveList, cmdClearAnnotation,
                         lstTags,    lstPGNFiles, txtPreview};
     for (size_t i = 0; i + 1 < std::size(order); ++i)
         setTabOrder(order[i], order[i + 1]);
 
-    // The client area of the design, the menu bar above it, centred on the screen.
+    // The window's own client area, the menu bar above it, centred on the screen.
     const QSize client(twipsToPx(9210), twipsToPx(7215) + menuBar()->sizeHint().height());
     resize(client);
-    if (QScreen* screen = QGuiApplication::primaryScreen()) {
-        QRect area = screen->availableGeometry();
-        move(area.center() - QPoint(client.width() / 2, client.height() / 2));
-    }
+    tolvisk::centreOnScreen(this);
+
+    // The bars take their real heights now rather than at the first show, so that the game list
+    // and the preview are placed below the board panel from the start.
+    layout()->activate();
+    setTopTwips(txtPreview, 5700);
+    setTopTwips(lstPGNFiles, 5700);
 }
 
 void frmMain::setTopTwips(QWidget* widget, int top) {
