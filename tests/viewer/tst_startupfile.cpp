@@ -1,13 +1,7 @@
 // The start-up file: what a run reads from it, what survives a damaged file, and the exact bytes
 // a normal end writes.
 
-#include "support/ScriptedPlatform.h"
-
-#include "platform/Errors.h"
-#include "variation/frmVariation.h"
-#include "viewer/Application.h"
-#include "viewer/StartupFile.h"
-#include "viewer/frmMain.h"
+#include "support/AppFixture.h"
 
 #include <QFile>
 #include <QTest>
@@ -73,11 +67,6 @@ private slots:
     void settingsSurviveARun_data();
     void settingsSurviveARun();
     void unwritableFileEndsTheRunQuietly();
-    void leadingNumber_data();
-    void leadingNumber();
-    void toInt32_data();
-    void toInt32();
-    void speedConversions();
 };
 
 void TestStartupFile::initTestCase() {
@@ -181,7 +170,8 @@ void TestStartupFile::reading() {
     ScriptedPlatform platform;
     if (file != "<none>")
         writeBytes(platform.path(QStringLiteral("tolvisk.txt")), file);
-    Application app(platform);
+    auto owner = makeApplication(platform);
+    Application& app = *owner;
     // The start sets its defaults before it reads, whatever the module held.
     app.module().APSpeed = 42;
     app.module().APMode = QStringLiteral("X");
@@ -196,7 +186,8 @@ void TestStartupFile::unreadableFileKeepsDefaults() {
     const QString path = platform.path(QStringLiteral("tolvisk.txt"));
     writeBytes(path, "R\r\nPPP\r\n 12 \r\nA\r\n255\r\n65280\r\n");
     platform.unreadable.insert(path);
-    Application app(platform);
+    auto owner = makeApplication(platform);
+    Application& app = *owner;
     app.loadMain();
     QCOMPARE(describe(settingsOf(app)), describe(Settings{}));
     QVERIFY(platform.boxes().empty());
@@ -205,7 +196,8 @@ void TestStartupFile::unreadableFileKeepsDefaults() {
 void TestStartupFile::firstRunWritesTheDefaultFile() {
     ScriptedPlatform platform;
     const QString path = platform.path(QStringLiteral("tolvisk.txt"));
-    Application app(platform);
+    auto owner = makeApplication(platform);
+    Application& app = *owner;
     frmMain& w = app.loadMain();
     QVERIFY(!QFile::exists(path));
     QVERIFY(w.close());
@@ -244,7 +236,8 @@ void TestStartupFile::settingsSurviveARun() {
     ScriptedPlatform platform;
     const QString path = platform.path(QStringLiteral("tolvisk.txt"));
     {
-        Application app(platform);
+        auto owner = makeApplication(platform);
+        Application& app = *owner;
         frmMain& w = app.loadMain();
         w.Tavlon1->setPromotionPiece(promotion);
         w.Tavlon1->setLightSquareColor(light);
@@ -255,10 +248,10 @@ void TestStartupFile::settingsSurviveARun() {
         QVERIFY(w.close());
     }
     QCOMPARE(readBytes(path), bytes);
-    Application next(platform);
-    next.loadMain();
+    auto next = makeApplication(platform);
+    next->loadMain();
     const Settings expected{promotion, mode, speed, style, light, dark};
-    QCOMPARE(describe(settingsOf(next)), describe(expected));
+    QCOMPARE(describe(settingsOf(*next)), describe(expected));
 }
 
 void TestStartupFile::unwritableFileEndsTheRunQuietly() {
@@ -266,69 +259,13 @@ void TestStartupFile::unwritableFileEndsTheRunQuietly() {
     const QString path = platform.path(QStringLiteral("tolvisk.txt"));
     writeBytes(path, "old");
     platform.unwritable.insert(path);
-    Application app(platform);
+    auto owner = makeApplication(platform);
+    Application& app = *owner;
     frmMain& w = app.loadMain();
     QVERIFY(w.close());
     QVERIFY(platform.boxes().empty());
     QCOMPARE(app.module().MainLoaded, int16_t(0));
     QCOMPARE(readBytes(path), QByteArray("old"));
-}
-
-void TestStartupFile::leadingNumber_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("value");
-    QTest::newRow("as written") << " 1 " << 1.0;
-    QTest::newRow("letters after") << "12abc" << 12.0;
-    QTest::newRow("letters only") << "abc" << 0.0;
-    QTest::newRow("sign") << " -3" << -3.0;
-    QTest::newRow("fraction") << "2.75x" << 2.75;
-    QTest::newRow("point first") << ".5" << 0.5;
-    QTest::newRow("exponent") << "1e2" << 100.0;
-    QTest::newRow("exponent without digits") << "2e" << 2.0;
-    QTest::newRow("blank inside ends it") << "1 2" << 1.0;
-}
-
-void TestStartupFile::leadingNumber() {
-    QFETCH(QString, text);
-    QFETCH(double, value);
-    QCOMPARE(tolvisk::leadingNumber(text), value);
-}
-
-void TestStartupFile::toInt32_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<bool>("fails");
-    QTest::newRow("plain") << "12632256" << 12632256 << false;
-    QTest::newRow("blanks") << "  255  " << 255 << false;
-    QTest::newRow("negative") << "-2" << -2 << false;
-    QTest::newRow("half to even") << "2.5" << 2 << false;
-    QTest::newRow("largest") << "2147483647" << 2147483647 << false;
-    QTest::newRow("too large") << "2147483648" << 0 << true;
-    QTest::newRow("word") << "white" << 0 << true;
-    QTest::newRow("trailing letters") << "255x" << 0 << true;
-    QTest::newRow("empty") << "" << 0 << true;
-    QTest::newRow("infinity") << "inf" << 0 << true;
-}
-
-void TestStartupFile::toInt32() {
-    QFETCH(QString, text);
-    QFETCH(int, value);
-    QFETCH(bool, fails);
-    try {
-        const int32_t result = tolvisk::toInt32(text);
-        QVERIFY(!fails);
-        QCOMPARE(result, value);
-    } catch (const RuntimeError&) {
-        QVERIFY(fails);
-    }
-}
-
-void TestStartupFile::speedConversions() {
-    // Line 3 goes into a 16-bit integer, which refuses what it cannot hold.
-    QCOMPARE(tolvisk::roundToInt16(32767.4), int16_t(32767));
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, tolvisk::roundToInt16(32767.5));
-    QCOMPARE(tolvisk::numberLine(7), QStringLiteral(" 7 "));
-    QCOMPARE(tolvisk::numberLine(-7), QStringLiteral("-7 "));
 }
 
 QTEST_MAIN(TestStartupFile)
