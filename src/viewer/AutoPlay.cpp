@@ -9,18 +9,18 @@ namespace tolvisk {
 void frmMain::mnuPlayerStartAP_Click() {
     // 32-bit on purpose: a speed of 90 gives its full 90 seconds.
     Timer1->setInterval(int(m_.APSpeed) * 1000);
-    Timer1->setEnabled(true);
-    m_.APRunning = true;
-    setCommandEnabled(&frmMain::mnuPlayerStartAP, false);
-    setCommandEnabled(&frmMain::mnuPlayerStopAP, true);
-    SetPlayerState();
+    switchAutoPlay(true);
 }
 
 void frmMain::mnuPlayerStopAP_Click() {
-    Timer1->setEnabled(false);
-    m_.APRunning = false;
-    setCommandEnabled(&frmMain::mnuPlayerStartAP, true);
-    setCommandEnabled(&frmMain::mnuPlayerStopAP, false);
+    switchAutoPlay(false);
+}
+
+void frmMain::switchAutoPlay(bool on) {
+    Timer1->setEnabled(on);
+    m_.APRunning = on;
+    setCommandEnabled(&frmMain::mnuPlayerStartAP, !on);
+    setCommandEnabled(&frmMain::mnuPlayerStopAP, on);
     SetPlayerState();
 }
 

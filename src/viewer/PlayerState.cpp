@@ -65,22 +65,24 @@ void frmMain::HighlightCurrentMove() {
 }
 
 void frmMain::mnuPlayerMoveFirst_Click() {
-    Tavlon1->MoveFirst();
-    HighlightCurrentMove();
+    step(&Tavlon::MoveFirst);
 }
 
 void frmMain::mnuPlayerMovePrevious_Click() {
-    Tavlon1->MovePrevious();
-    HighlightCurrentMove();
+    step(&Tavlon::MovePrevious);
 }
 
 void frmMain::mnuPlayerMoveNext_Click() {
-    Tavlon1->MoveNext();
-    HighlightCurrentMove();
+    step(&Tavlon::MoveNext);
 }
 
 void frmMain::mnuPlayerMoveLast_Click() {
-    Tavlon1->MoveLast();
+    step(&Tavlon::MoveLast);
+}
+
+void frmMain::step(void (Tavlon::*move)()) {
+    // The board's event brings labels and commands up to date; the move number is this one's.
+    (Tavlon1->*move)();
     HighlightCurrentMove();
 }
 

@@ -216,6 +216,10 @@ private:
     // The deleted mark of a game: the menu entry checked, then the toolbar button pressed.
     void showDeletedMark(bool deleted);
     void showFileTitle(const QString& path);
+    // Auto play on or off: the timer, APRunning, and the pair of commands.
+    void switchAutoPlay(bool on);
+    // A stepping command: the board steps, then the move number is selected.
+    void step(void (Tavlon::*move)());
     // A save prompt: when `changed`, asks Yes, No or Cancel; Yes runs `save`, Cancel sets
     // SaveCancelled.
     void promptToSave(bool changed, const QString& text, const QString& title, Handler save);

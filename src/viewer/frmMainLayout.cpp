@@ -94,21 +94,25 @@ void frmMain::createControls() {
     Tavlon1->setLightSquareColor(kDefaultLightSquareColor);
     Tavlon1->setGameResult(QStringLiteral("*"));
 
-    lblMoveNumber =
-        makeLabel(picMain, QStringLiteral("lblMoveNumber"), QStringLiteral("Move #:"), 420, 600);
-    lblMoveText =
-        makeLabel(picMain, QStringLiteral("lblMoveText"), QStringLiteral("Move:"), 660, 450);
-    lblOnMove =
-        makeLabel(picMain, QStringLiteral("lblOnMove"), QStringLiteral("On Move:"), 900, 705);
-    lblEPSquare =
-        makeLabel(picMain, QStringLiteral("lblEPSquare"), QStringLiteral("EP Square:"), 1140, 810);
-    lblFifty =
-        makeLabel(picMain, QStringLiteral("lblFifty"), QStringLiteral("50 Move:"), 1380, 675);
-    lblCastle =
-        makeLabel(picMain, QStringLiteral("lblCastle"), QStringLiteral("Castle:"), 1620, 480);
-    lblPly = makeLabel(picMain, QStringLiteral("lblPly"), QStringLiteral("Ply:"), 1860, 255);
-    lblGameLength =
-        makeLabel(picMain, QStringLiteral("lblGameLength"), QStringLiteral("Length:"), 2100, 540);
+    const struct {
+        QLabel* frmMain::*label;
+        const char* name;
+        const char* caption;
+        int top;
+        int width;
+    } statusLabels[] = {
+        {&frmMain::lblMoveNumber, "lblMoveNumber", "Move #:", 420, 600},
+        {&frmMain::lblMoveText, "lblMoveText", "Move:", 660, 450},
+        {&frmMain::lblOnMove, "lblOnMove", "On Move:", 900, 705},
+        {&frmMain::lblEPSquare, "lblEPSquare", "EP Square:", 1140, 810},
+        {&frmMain::lblFifty, "lblFifty", "50 Move:", 1380, 675},
+        {&frmMain::lblCastle, "lblCastle", "Castle:", 1620, 480},
+        {&frmMain::lblPly, "lblPly", "Ply:", 1860, 255},
+        {&frmMain::lblGameLength, "lblGameLength", "Length:", 2100, 540},
+    };
+    for (const auto& l : statusLabels)
+        this->*l.label = makeLabel(picMain, QString::fromLatin1(l.name),
+                                   QString::fromLatin1(l.caption), l.top, l.width);
 
     lstTags = place(new ListBox(picMain), QStringLiteral("lstTags"), 5940, 420, 2835, 1425);
     txtMoveList =

@@ -48,6 +48,21 @@ QByteArray crlf(QByteArray text) {
     return text.replace("\n", "\r\n");
 }
 
+QStringList boxesShown(const ScriptedPlatform& platform) {
+    QStringList shown;
+    for (const PlatformCall& box : platform.boxes())
+        shown << box.title + QStringLiteral(": ") + box.text;
+    return shown;
+}
+
+void quietHeadlessNotes() {
+    static const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+            if (!message.startsWith(QLatin1String("This plugin does not support")))
+                previous(type, context, message);
+        });
+}
+
 QPoint entryPoint(ListBox& list, int row) {
     if (row >= 0)
         return list.visualRect(list.model()->index(row, 0)).center();

@@ -36,6 +36,10 @@ std::unique_ptr<Application> makeApplication(Platform& platform);
 
 // "a\nb\n" with every LF turned into CR LF.
 QByteArray crlf(QByteArray text);
+// The message boxes shown so far, as "title: text".
+QStringList boxesShown(const ScriptedPlatform& platform);
+// Keeps the headless platform's notes on what it cannot do out of the test log.
+void quietHeadlessNotes();
 
 // Where a list's entry stands on its viewport; below the last entry for -1.
 QPoint entryPoint(ListBox& list, int row);

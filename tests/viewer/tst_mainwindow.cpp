@@ -11,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QMenuBar>
-#include <QScopeGuard>
 #include <QTest>
 
 using namespace tolvisk;
@@ -28,14 +27,15 @@ QRect clientRect(frmMain& w, QWidget* control) {
     return QRect(at, control->size());
 }
 
-void showMain(frmMain& w) {
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
-}
+struct ShownFixture : AppFixture {
+    ShownFixture() {
+        main().show();
+        QVERIFY(QTest::qWaitForWindowExposed(&main()));
+    }
+};
 
 const QByteArray kThreeGames =
-    crlf("[Event \"A\"]\n[White \"Ann\"]\n[Black \"Bo\"]\n\n1. e4 e5 2. Nf3 *\n\n"
-         "[Event \"B\"]\n\n1. d4 d5 *\n\n"
+    crlf("[Event \"A\"]\n\n1. e4 e5 2. Nf3 *\n\n[Event \"B\"]\n\n1. d4 *\n\n"
          "[Event \"C\"]\n\n1. c4 *\n\n");
 
 } // namespace
@@ -50,8 +50,7 @@ private slots:
     void otherWindowsGoWithTheMain();
     void layout_data();
     void layout();
-    void narrowingKeepsLastWidths();
-    void barToggles();
+    void barsAndNarrowing();
     void toolbar();
     void toolWindows_data();
     void toolWindows();
@@ -64,12 +63,7 @@ private slots:
 
 void TestMainWindow::initTestCase() {
     QApplication::setQuitOnLastWindowClosed(false);
-    // The headless platform's notes on what it cannot do are no news.
-    static const QtMessageHandler previous = qInstallMessageHandler(
-        [](QtMsgType type, const QMessageLogContext& context, const QString& message) {
-            if (!message.startsWith(QLatin1String("This plugin does not support")))
-                previous(type, context, message);
-        });
+    quietHeadlessNotes();
     // The editor tests must not depend on this machine's desktop settings.
     static QTemporaryDir xdg;
     for (const char* name :
@@ -78,38 +72,32 @@ void TestMainWindow::initTestCase() {
 }
 
 void TestMainWindow::startSequence() {
-    ScriptedPlatform platform;
-    QFile file(platform.path(QStringLiteral("tolvisk.txt")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("R\r\nPPP\r\n 7 \r\nA\r\n255\r\n65280\r\n");
-    file.close();
-    auto app = makeApplication(platform);
+    AppFixture first; // for its platform's folder
+    first.writeFile(QStringLiteral("tolvisk.txt"), "R\r\nPPP\r\n 7 \r\nA\r\n255\r\n65280\r\n");
+    auto app = makeApplication(first.platform);
     app->module().APRunning = true;
     frmMain& w = app->loadMain();
-    Module1& m = app->module();
-    QVERIFY(!m.APRunning);
-    QCOMPARE(m.MainLoaded, int16_t(1));
-    QVERIFY(!w.Timer1->Enabled());
+    QVERIFY(!app->module().APRunning);
+    QCOMPARE(app->module().MainLoaded, int16_t(1));
+    QVERIFY(!w.Timer1->Enabled() && !w.Timer2->Enabled());
     QCOMPARE(w.Timer1->Interval(), 1000);
-    QVERIFY(!w.Timer2->Enabled());
     QCOMPARE(w.Timer2->Interval(), 500);
     // The variation board is loaded hidden after the file was read, and takes its settings.
     QWidget* variation = app->findForm(QStringLiteral("frmVariation"));
     QVERIFY(app->forms() == (std::vector<QWidget*>{&w, variation}));
     QVERIFY(variation->isHidden());
-    Tavlon* board = app->boardOf(QStringLiteral("frmVariation"));
+    const Tavlon* board = app->boardOf(QStringLiteral("frmVariation"));
     QCOMPARE(board->LightSquareColor(), 255);
     QCOMPARE(board->DarkSquareColor(), 65280);
     QCOMPARE(board->PromotionPiece(), QStringLiteral("R"));
     // A new empty game, its labels and the state of the commands.
-    QCOMPARE(m.CurrentGame, int16_t(-1));
+    QCOMPARE(app->module().CurrentGame, int16_t(-1));
     QCOMPARE(w.lstTags->ListCount(), int16_t(7));
     QCOMPARE(w.lblGameLength->text(), QStringLiteral("Length: 0"));
     for (const char* key : {"Start", "Back", "Forward", "End", "StartAP", "StopAP", "Load", "Save"})
         QVERIFY2(!w.Toolbar1->button(QString::fromLatin1(key))->isEnabled(), key);
-    QVERIFY(!w.mnuToolsVariationBoard->isVisible());
-    QVERIFY(!w.isVisible()); // main() shows it
-    QVERIFY(platform.boxes().empty());
+    QVERIFY(!w.mnuToolsVariationBoard->isVisible() && !w.isVisible());
+    QVERIFY(first.platform.boxes().empty());
 }
 
 void TestMainWindow::closing_data() {
@@ -117,24 +105,21 @@ void TestMainWindow::closing_data() {
     QTest::addColumn<bool>("gameChanged");
     QTest::addColumn<bool>("fileChanged");
     QTest::addColumn<QList<int>>("answers"); // MsgResult per prompt
-    QTest::addColumn<QStringList>("titles");
+    QTest::addColumn<QString>("prompts");    // g game, f file
     QTest::addColumn<bool>("closes");
-    const QString game = "Unsaved Game Changes", file = "Unsaved File Changes";
     const int no = int(MsgResult::No), cancel = int(MsgResult::Cancel);
-    QTest::newRow("nothing to save")
-        << "close box" << false << false << QList<int>{} << QStringList{} << true;
+    QTest::newRow("nothing to save") << "close box" << false << false << QList<int>{} << "" << true;
     QTest::newRow("both declined")
-        << "close box" << true << true << QList<int>{no, no} << QStringList{game, file} << true;
+        << "close box" << true << true << QList<int>{no, no} << "gf" << true;
     QTest::newRow("game prompt cancelled")
-        << "close box" << true << true << QList<int>{cancel} << QStringList{game} << false;
-    QTest::newRow("file prompt cancelled") << "close box" << true << true << QList<int>{no, cancel}
-                                           << QStringList{game, file} << false;
+        << "close box" << true << true << QList<int>{cancel} << "g" << false;
+    QTest::newRow("file prompt cancelled")
+        << "close box" << true << true << QList<int>{no, cancel} << "gf" << false;
     QTest::newRow("only the file, cancelled")
-        << "close box" << false << true << QList<int>{cancel} << QStringList{file} << false;
+        << "close box" << false << true << QList<int>{cancel} << "f" << false;
     // Exit and a close from the system take the same way.
-    QTest::newRow("Exit") << "Exit" << true << false << QList<int>{cancel} << QStringList{game}
-                          << false;
-    QTest::newRow("system") << "system" << false << false << QList<int>{} << QStringList{} << true;
+    QTest::newRow("Exit") << "Exit" << true << false << QList<int>{cancel} << "g" << false;
+    QTest::newRow("system") << "system" << false << false << QList<int>{} << "" << true;
 }
 
 void TestMainWindow::closing() {
@@ -142,11 +127,10 @@ void TestMainWindow::closing() {
     QFETCH(bool, gameChanged);
     QFETCH(bool, fileChanged);
     QFETCH(QList<int>, answers);
-    QFETCH(QStringList, titles);
+    QFETCH(QString, prompts);
     QFETCH(bool, closes);
-    AppFixture f;
+    ShownFixture f;
     frmMain& w = f.main();
-    showMain(w);
     const QString startup = f.writeFile(QStringLiteral("tolvisk.txt"), "old");
     w.Tavlon1->setGameChanged(gameChanged);
     f.m().FileChanged = fileChanged;
@@ -164,10 +148,10 @@ void TestMainWindow::closing() {
         accepted = event.isAccepted();
     }
     QCOMPARE(accepted, closes);
-    QStringList shown;
+    QString shown;
     for (const PlatformCall& box : f.platform.boxes())
-        shown << box.title;
-    QCOMPARE(shown, titles);
+        shown += box.title == QLatin1String("Unsaved Game Changes") ? u'g' : u'f';
+    QCOMPARE(shown, prompts);
     QCOMPARE(AppFixture::readFile(startup),
              closes ? QByteArray("Q\r\nPNP\r\n 1 \r\nL\r\n16777215\r\n12632256\r\n") : "old");
     QCOMPARE(f.m().MainLoaded, int16_t(closes ? 0 : 1));
@@ -180,35 +164,30 @@ void TestMainWindow::otherWindowsGoWithTheMain() {
     // While the main window is loaded the variation board only hides.
     QWidget* variation = f.app->findForm(QStringLiteral("frmVariation"));
     w.Toolbar1_ButtonClick(QStringLiteral("Variation"));
-    QVERIFY(variation->isVisible());
-    QVERIFY(!variation->close());
-    QVERIFY(variation->isHidden());
+    QVERIFY(!variation->close() && variation->isHidden());
     // Unloading takes the windows from the last loaded on, with MainLoaded already cleared.
-    w.mnuHelpHelp_Click();
-    w.mnuEditFind_Click();
-    w.mnuToolsEditTags_Click();
+    for (QAction* command : {w.mnuHelpHelp, w.mnuEditFind, w.mnuToolsEditTags})
+        command->trigger();
     QStringList order;
     int16_t mainLoadedSeen = -1;
-    for (QWidget* form : f.app->forms()) {
+    for (QWidget* form : f.app->forms())
         if (form != &w)
             connect(form, &QObject::destroyed, this,
                     [&order, name = form->objectName()] { order << name; });
-    }
     connect(variation, &QObject::destroyed, this, [&] { mainLoadedSeen = f.m().MainLoaded; });
     w.Form_Unload();
     QCOMPARE(order, (QStringList{"frmEditTags", "frmFind", "frmHelp", "frmVariation"}));
     QCOMPARE(mainLoadedSeen, int16_t(0));
     QVERIFY(f.app->forms() == std::vector<QWidget*>{&w});
     // Tearing a run down (as tests and the end of main() do) asks and writes nothing.
-    ScriptedPlatform platform;
     {
-        auto app = makeApplication(platform);
+        auto app = makeApplication(f.platform);
         app->loadMain().Tavlon1->setGameChanged(true);
         app->module().FileChanged = true;
         app->main().mnuHelpAbout_Click();
     }
-    QVERIFY(platform.boxes().empty());
-    QVERIFY(!QFile::exists(platform.path(QStringLiteral("tolvisk.txt"))));
+    QVERIFY(f.platform.boxes().empty());
+    QVERIFY(!QFile::exists(f.platform.path(QStringLiteral("tolvisk.txt"))));
 }
 
 // W and H are the client area (below the menu bar) plus the frame, title and menu bar as the
@@ -230,9 +209,8 @@ void TestMainWindow::layout() {
     QFETCH(int, clientHeight);
     QFETCH(bool, toolbar);
     QFETCH(bool, statusBar);
-    AppFixture f;
+    ShownFixture f;
     frmMain& w = f.main();
-    showMain(w);
     if (!toolbar)
         w.mnuViewToolbar->trigger();
     if (!statusBar)
@@ -251,49 +229,28 @@ void TestMainWindow::layout() {
     QCOMPARE(w.txtPreview->height(), w.lstPGNFiles->height());
     QCOMPARE(w.txtPreview->width(), px(1455));
     // Nothing else moves; the lists stand below the board panel, above the status bar.
-    QCOMPARE(w.picMain->height(), px(5265));
     QCOMPARE(w.Tavlon1->geometry(), twipsRect(0, 0, 4455, 5235));
     QCOMPARE(w.cmdSetAnno->geometry(), twipsRect(7020, 4740, 1635, 375));
     const QRect list = clientRect(w, w.lstPGNFiles);
     QCOMPARE(list.top(), px(5700) - (toolbar ? 0 : w.Toolbar1->height()));
-    QCOMPARE(clientRect(w, w.picMain).top(), toolbar ? w.Toolbar1->height() : 0);
+    QCOMPARE(clientRect(w, w.picMain),
+             QRect(0, toolbar ? w.Toolbar1->height() : 0, w.width(), px(5265)));
     QVERIFY(clientRect(w, w.picMain).bottom() < list.top());
-    if (statusBar)
-        QVERIFY(list.bottom() < clientRect(w, w.sbStatusBar).top());
+    QVERIFY(!statusBar || list.bottom() < clientRect(w, w.sbStatusBar).top());
     QVERIFY(clientRect(w, w.txtPreview).right() < list.left());
-    // The buttons and the labels show their whole captions; every toolbar button fits.
+    // The buttons and labels show their whole captions; every toolbar button fits.
     for (QPushButton* button : {w.cmdSetAnno, w.cmdClearAnnotation})
         QVERIFY(button->fontMetrics().horizontalAdvance(button->text()) + 8 <= button->width());
     for (QLabel* label : {w.Label1, w.lblMoveNumber, w.lblEPSquare, w.lblGameLength})
         QVERIFY(label->width() >= label->sizeHint().width());
-    if (toolbar && clientWidth >= 9210)
-        for (QAction* action : w.Toolbar1->actions())
-            QVERIFY(w.Toolbar1->widgetForAction(action)->isVisible() || action->isSeparator());
+    for (QAction* action : w.Toolbar1->actions())
+        QVERIFY(!toolbar || clientWidth < 9210 || action->isSeparator() ||
+                w.Toolbar1->widgetForAction(action)->isVisible());
 }
 
-void TestMainWindow::narrowingKeepsLastWidths() {
-    AppFixture f;
+void TestMainWindow::barsAndNarrowing() {
+    ShownFixture f;
     frmMain& w = f.main();
-    showMain(w);
-    const int menu = w.menuBar()->height();
-    w.resize(px(12000), px(9000) + menu);
-    const int wide = w.lstTags->width();
-    const int high = w.lstPGNFiles->height();
-    // Too narrow and too low: the rules give negative sizes, which the controls refuse, and
-    // the later rules still run.
-    w.resize(px(4000), px(5000) + menu);
-    QCOMPARE(w.width(), px(4000)); // no minimum size holds the window
-    for (QWidget* box : std::initializer_list<QWidget*>{w.lstTags, w.txtMoveList, w.txtAnnotation})
-        QCOMPARE(box->width(), wide);
-    QCOMPARE(w.lstPGNFiles->width(), px(pxToTwips(w.width()) + 120 - 1760));
-    QCOMPARE(w.lstPGNFiles->height(), high);
-    QCOMPARE(w.txtPreview->height(), high);
-}
-
-void TestMainWindow::barToggles() {
-    AppFixture f;
-    frmMain& w = f.main();
-    showMain(w);
     const QRect list = clientRect(w, w.lstPGNFiles);
     const QRect preview = clientRect(w, w.txtPreview);
     const int bar = w.Toolbar1->height();
@@ -301,40 +258,46 @@ void TestMainWindow::barToggles() {
     w.mnuViewToolbar->trigger();
     QCoreApplication::processEvents();
     QVERIFY(w.Toolbar1->isHidden() && !w.mnuViewToolbar->isChecked());
-    QCOMPARE(clientRect(w, w.picMain).top(), 0);
-    QCOMPARE(clientRect(w, w.lstPGNFiles).top(), list.top() - bar);
-    QCOMPARE(clientRect(w, w.lstPGNFiles).bottom(), list.bottom());
-    QCOMPARE(clientRect(w, w.txtPreview).top(), preview.top() - bar);
-    // Without the status bar they grow by its height too.
+    QCOMPARE(clientRect(w, w.lstPGNFiles), list.adjusted(0, -bar, 0, 0));
+    QCOMPARE(clientRect(w, w.txtPreview), preview.adjusted(0, -bar, 0, 0));
     w.mnuViewStatusBar->trigger();
     QVERIFY(w.sbStatusBar->isHidden() && !w.mnuViewStatusBar->isChecked());
-    QCOMPARE(w.lstPGNFiles->height(), list.height() + bar + w.sbStatusBar->height());
     w.mnuViewStatusBar->trigger();
     w.mnuViewToolbar->trigger();
     QCoreApplication::processEvents();
     QCOMPARE(w.statusBar(), static_cast<QStatusBar*>(w.sbStatusBar));
     QCOMPARE(clientRect(w, w.lstPGNFiles), list);
     QCOMPARE(clientRect(w, w.txtPreview), preview);
+    // Too narrow and too low: the rules give negative sizes, which the controls refuse, keeping
+    // their last ones, and the later rules still run. No minimum size holds the window.
+    const int menu = w.menuBar()->height();
+    w.resize(px(12000), px(9000) + menu);
+    const int wide = w.lstTags->width();
+    const int high = w.lstPGNFiles->height();
+    w.resize(px(4000), px(5000) + menu);
+    QCOMPARE(w.width(), px(4000));
+    for (QWidget* box : std::initializer_list<QWidget*>{w.lstTags, w.txtMoveList, w.txtAnnotation})
+        QCOMPARE(box->width(), wide);
+    QCOMPARE(w.lstPGNFiles->width(), px(pxToTwips(w.width()) + 120 - 1760));
+    QCOMPARE(w.lstPGNFiles->height(), high);
+    QCOMPARE(w.txtPreview->height(), high);
 }
 
 void TestMainWindow::toolbar() {
-    AppFixture f;
+    ShownFixture f;
     frmMain& w = f.main();
-    showMain(w);
-    // Without a store, marking fails: the toolbar passes over it, the menu entry reports it.
-    QTest::mouseClick(w.Toolbar1->widgetForAction(w.Toolbar1->button(QStringLiteral("Delete"))),
-                      Qt::LeftButton);
+    auto click = [&](const char* key) {
+        QTest::mouseClick(w.Toolbar1->widgetForAction(w.Toolbar1->button(QString::fromLatin1(key))),
+                          Qt::LeftButton);
+    };
+    // Without a store marking fails: the toolbar passes over it, the menu entry reports it.
+    click("Delete");
     QVERIFY(f.platform.boxes().empty());
     w.run(&frmMain::mnuEditmarkDeleted_Click);
-    QCOMPARE(f.platform.boxes().size(), size_t(1));
-    QCOMPARE(f.platform.boxes()[0].icon, MsgIcon::Critical);
-    f.platform.clear();
+    QCOMPARE(f.platform.boxes().at(0).icon, MsgIcon::Critical);
     f.openText(kThreeGames);
+    f.platform.clear();
     w.mnuFileLoad_Click();
-    auto click = [&](const char* key) {
-        QWidget* button = w.Toolbar1->widgetForAction(w.Toolbar1->button(QString::fromLatin1(key)));
-        QTest::mouseClick(button, Qt::LeftButton);
-    };
     click("Forward");
     click("Forward");
     QCOMPARE(w.Tavlon1->Ply(), int16_t(2));
@@ -345,14 +308,13 @@ void TestMainWindow::toolbar() {
     QVERIFY(f.m().GameStore[2].Deleted && w.Toolbar1->pressed(QStringLiteral("Delete")));
     click("Delete");
     QVERIFY(!f.m().GameStore[2].Deleted && !w.Toolbar1->pressed(QStringLiteral("Delete")));
-    // "Variation" works while its menu entry is hidden; other keys do nothing.
+    // "Variation" works while its menu entry is hidden; other keys, compared exactly, do nothing.
     click("Variation");
     QVERIFY(f.app->findForm(QStringLiteral("frmVariation"))->isVisible());
-    w.Toolbar1_ButtonClick(QStringLiteral("Nothing"));
-    w.Toolbar1_ButtonClick(QStringLiteral("next")); // keys compare exactly
+    w.Toolbar1_ButtonClick(QStringLiteral("next"));
     QCOMPARE(f.m().CurrentGame, int16_t(2));
     QVERIFY(f.platform.boxes().empty());
-    // Twenty images, none blank, no two alike.
+    // Its images: none blank, no two alike.
     QList<QImage> images;
     for (int index = 1; index <= kToolbarIconCount; ++index) {
         const QImage image = toolbarIcon(index).pixmap(16, 16).toImage();
@@ -366,7 +328,7 @@ void TestMainWindow::toolbar() {
 }
 
 void TestMainWindow::toolWindows_data() {
-    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("command"); // a menu entry's caption, or a double click
     QTest::addColumn<QString>("form");
     QTest::addColumn<QString>("title");
     QTest::newRow("Edit Tags") << "Edit Tags"
@@ -399,23 +361,19 @@ void TestMainWindow::toolWindows() {
     QFETCH(QString, command);
     QFETCH(QString, form);
     QFETCH(QString, title);
-    AppFixture f;
+    ShownFixture f;
     frmMain& w = f.main();
-    showMain(w);
     auto run = [&] {
-        if (command == QLatin1String("lstTags")) {
+        if (command == QLatin1String("lstTags"))
             doubleClickList(*w.lstTags, 0);
-            return;
-        }
-        for (QAction* action : w.findChildren<QAction*>())
+        for (QAction* action : w.menuBar()->findChildren<QAction*>())
             if (action->text() == command)
                 action->trigger();
     };
     run();
     QWidget* window = f.app->findForm(form);
-    QVERIFY(window);
+    QVERIFY(window && window->isVisible() && window->isWindow());
     QCOMPARE(window->windowTitle(), title);
-    QVERIFY(window->isVisible() && window->isWindow());
     QCOMPARE(window->windowModality(), Qt::NonModal);
     const size_t loaded = f.app->forms().size();
     window->showMinimized();
@@ -438,19 +396,20 @@ void TestMainWindow::textEditors_data() {
     QTest::addColumn<bool>("notepad");
     QTest::addColumn<QStringList>("startable");
     QTest::addColumn<QStringList>("tried");
-    QTest::addColumn<QString>("boxText");
+    QTest::addColumn<QString>("box"); // "title: text", or none
     const QStringList plain{"gedit", "gnome-text-editor", "kate",      "kwrite", "mousepad", "xed",
                             "pluma", "leafpad",           "featherpad"};
     const QStringList writers{"libreoffice --writer", "abiword", "calligrawords"};
     QTest::newRow("Notepad: kate") << true << QStringList{"kate"} << plain.mid(0, 3) << QString();
-    QTest::newRow("Notepad: none") << true << QStringList{} << plain << "Error Opening Notepad";
+    QTest::newRow("Notepad: none")
+        << true << QStringList{} << plain << "Error: Error Opening Notepad";
     QTest::newRow("WordPad: AbiWord")
         << false << QStringList{"abiword", "gedit"} << writers.mid(0, 2) << QString();
     QTest::newRow("WordPad: a plain editor")
         << false << QStringList{"mousepad"} << writers + plain.mid(0, 5) << QString();
     QTest::newRow("WordPad: none")
         << false << QStringList{} << writers + plain
-        << "No text editor was found. Tried: libreoffice, abiword, calligrawords, gedit, "
+        << ": No text editor was found. Tried: libreoffice, abiword, calligrawords, gedit, "
            "gnome-text-editor, kate, kwrite, mousepad, xed, pluma, leafpad, featherpad.";
 }
 
@@ -458,7 +417,7 @@ void TestMainWindow::textEditors() {
     QFETCH(bool, notepad);
     QFETCH(QStringList, startable);
     QFETCH(QStringList, tried);
-    QFETCH(QString, boxText);
+    QFETCH(QString, box);
     AppFixture f;
     for (const QString& program : startable)
         f.platform.startable.insert(program);
@@ -467,59 +426,42 @@ void TestMainWindow::textEditors() {
     for (const PlatformCall& call : f.platform.ofKind(QStringLiteral("start")))
         started << call.text;
     QCOMPARE(started, tried);
-    const auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(boxText.isEmpty() ? 0 : 1));
-    if (boxText.isEmpty())
-        return;
-    QCOMPARE(boxes[0].text, boxText);
-    QCOMPARE(boxes[0].title, notepad ? QStringLiteral("Error") : QString());
-    QCOMPARE(boxes[0].icon, notepad ? MsgIcon::None : MsgIcon::Exclamation);
+    QCOMPARE(boxesShown(f.platform), box.isEmpty() ? QStringList() : QStringList{box});
+    if (!box.isEmpty())
+        QCOMPARE(f.platform.boxes()[0].icon, notepad ? MsgIcon::None : MsgIcon::Exclamation);
 }
 
 void TestMainWindow::desktopDefaultEditor() {
     QTemporaryDir dir;
-    const QByteArray config = QFile::encodeName(dir.filePath(QStringLiteral("config")));
-    const QByteArray data = QFile::encodeName(dir.filePath(QStringLiteral("data")));
-    const QByteArray oldConfig = qgetenv("XDG_CONFIG_HOME");
-    const QByteArray oldData = qgetenv("XDG_DATA_DIRS");
-    qputenv("XDG_CONFIG_HOME", config);
-    qputenv("XDG_DATA_DIRS", data);
-    auto restore = qScopeGuard([&] {
-        qputenv("XDG_CONFIG_HOME", oldConfig);
-        qputenv("XDG_DATA_DIRS", oldData);
-    });
-    QVERIFY(!desktopTextEditor());
-    QDir().mkpath(QString::fromLocal8Bit(data) + QStringLiteral("/applications"));
-    QDir().mkpath(QString::fromLocal8Bit(config));
-    QFile list(QString::fromLocal8Bit(config) + QStringLiteral("/mimeapps.list"));
+    const QByteArray oldConfig = qgetenv("XDG_CONFIG_HOME"), oldData = qgetenv("XDG_DATA_DIRS");
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(dir.path()));
+    qputenv("XDG_DATA_DIRS", QFile::encodeName(dir.path()));
+    QVERIFY(QDir(dir.path()).mkpath(QStringLiteral("applications")));
+    QFile list(dir.filePath(QStringLiteral("mimeapps.list")));
     QVERIFY(list.open(QIODevice::WriteOnly));
     list.write("[Added Associations]\ntext/plain=other.desktop;\n[Default Applications]\n"
                "text/html=browser.desktop\ntext/plain=missing.desktop;notes.desktop;\n");
     list.close();
-    QFile entry(QString::fromLocal8Bit(data) + QStringLiteral("/applications/notes.desktop"));
+    QFile entry(dir.filePath(QStringLiteral("applications/notes.desktop")));
     QVERIFY(entry.open(QIODevice::WriteOnly));
     entry.write("[Desktop Entry]\nName=Notes\nExec=\"/opt/my notes/notes\" --new-window %F\n"
                 "[Desktop Action x]\nExec=wrong\n");
     entry.close();
-    const auto editor = desktopTextEditor();
-    QVERIFY(editor);
-    QCOMPARE(editor->program, QStringLiteral("/opt/my notes/notes"));
-    QCOMPARE(editor->arguments, QStringList{"--new-window"});
-    // It is tried after the well-known plain editors.
     const auto candidates = editorCandidates(EditorKind::Plain);
-    QCOMPARE(candidates.back(), *editor);
+    qputenv("XDG_CONFIG_HOME", oldConfig);
+    qputenv("XDG_DATA_DIRS", oldData);
+    // It is tried last, after the well-known plain editors, without its field codes.
     QCOMPARE(candidates.size(), size_t(10));
+    QCOMPARE(candidates.back().program, QStringLiteral("/opt/my notes/notes"));
+    QCOMPARE(candidates.back().arguments, QStringList{"--new-window"});
 }
 
 void TestMainWindow::openDialogStartFolder() {
     AppFixture f;
     frmMain& w = f.main();
     QCOMPARE(w.openDialogStartDir(), QDir::homePath()); // no samples beside this executable
-    const QString samples = f.platform.path(QStringLiteral("samples"));
-    QVERIFY(QDir().mkpath(samples));
-    f.platform.queueOpenCancel();
-    w.mnuFileOpen_Click();
-    QCOMPARE(f.platform.lastOpenDir, samples);
+    QVERIFY(QDir().mkpath(f.platform.path(QStringLiteral("samples"))));
+    QCOMPARE(w.openDialogStartDir(), f.platform.path(QStringLiteral("samples")));
     QVERIFY(QDir().mkpath(f.platform.path(QStringLiteral("mine"))));
     f.open(f.writeFile(QStringLiteral("mine/games.pgn"), kThreeGames));
     f.platform.queueOpenCancel();
@@ -529,30 +471,22 @@ void TestMainWindow::openDialogStartFolder() {
 
 void TestMainWindow::bundledSamplesReplay() {
     const QDir dir(QStringLiteral(TOLVISK_DATA_DIR "/samples"));
-    const QStringList files = dir.entryList({QStringLiteral("*.pgn")}, QDir::Files);
-    QVERIFY(!files.isEmpty());
-    int games = 0;
-    int fromPosition = 0;
-    for (const QString& name : files) {
+    int games = 0, fromPosition = 0;
+    for (const QString& name : dir.entryList({QStringLiteral("*.pgn")}, QDir::Files)) {
         AppFixture f;
         frmMain& w = f.main();
         f.open(dir.filePath(name));
-        const int16_t count = w.lstPGNFiles->ListCount();
-        QVERIFY2(count > 0, qPrintable(name));
-        for (int16_t i = 0; i < count; ++i) {
+        for (int16_t i = 0; i < w.lstPGNFiles->ListCount(); ++i, ++games) {
             w.lstPGNFiles->setListIndex(i);
             w.mnuFileLoad_Click();
-            QVERIFY2(f.platform.boxes().empty(),
-                     qPrintable(QStringLiteral("%1 game %2").arg(name).arg(i + 1)));
-            QVERIFY(w.Tavlon1->GameLength() > 0);
             w.mnuPlayerMoveLast_Click();
-            QCOMPARE(w.Tavlon1->Ply(), w.Tavlon1->GameLength());
+            QVERIFY2(f.platform.boxes().empty() && w.Tavlon1->GameLength() > 0 &&
+                         w.Tavlon1->Ply() == w.Tavlon1->GameLength(),
+                     qPrintable(QStringLiteral("%1 game %2").arg(name).arg(i + 1)));
             fromPosition += w.IsForsythGame ? 1 : 0;
-            ++games;
         }
     }
-    QVERIFY2(games >= 30, qPrintable(QString::number(games)));
-    QVERIFY(fromPosition >= 1);
+    QVERIFY2(games >= 30 && fromPosition >= 1, qPrintable(QString::number(games)));
 }
 
 QTEST_MAIN(TestMainWindow)
