@@ -1,6 +1,7 @@
 #include "platform/Controls.h"
 
 #include "platform/Errors.h"
+#include "platform/TextFile.h"
 #include "platform/Twips.h"
 
 #include <QAbstractListModel>
@@ -160,13 +161,13 @@ QString TextBox::Text() const {
     // The document's own characters: a non-breaking space stays one. Only the line ends between
     // its blocks are the widget's, and they are CR LF to the program.
     QString text = document()->toRawText();
-    text.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+    text.replace(QChar::ParagraphSeparator, kCrLf);
     return text;
 }
 
 void TextBox::setText(const QString& text) {
     QString plain = text;
-    plain.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    plain.replace(kCrLf, QLatin1String("\n"));
     plain.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     setPlainText(plain);
 }
@@ -218,7 +219,7 @@ void TextBox::setSelLength(int length) {
 
 QString TextBox::SelText() const {
     QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+    text.replace(QChar::ParagraphSeparator, kCrLf);
     return text;
 }
 
