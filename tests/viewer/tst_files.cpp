@@ -56,8 +56,6 @@ private slots:
     void saveNewGameThenSaveAgain();
     void promptsAndTheirCancel();
     void saveAsWritesTagsAndMoveList();
-    void roundTripKeepsBytes_data();
-    void roundTripKeepsBytes();
     void commentsSurviveSaveAndReopen();
 };
 
@@ -351,27 +349,6 @@ void TestFiles::saveAsWritesTagsAndMoveList() {
     w.mnuFileSaveAs_Click();
     QVERIFY(f.platform.boxes().empty());
     QVERIFY(!f.platform.busy);
-}
-
-void TestFiles::roundTripKeepsBytes_data() {
-    QTest::addColumn<QByteArray>("file");
-    const QByteArray game = "[Event \"Dortmund\"]\n[White \"R\xE9ti\"]\n[Black \"S\xE4misch\"]\n"
-                            "1. e4 e5 {Br\x81ssel} 1-0 \n\n";
-    QTest::newRow("Windows-1252") << crlf(game);
-    QTest::newRow("UTF-8") << crlf(QString::fromLatin1(game).toUtf8());
-    QTest::newRow("UTF-8 with BOM")
-        << QByteArray("\xEF\xBB\xBF") + crlf(QString::fromLatin1(game).toUtf8());
-}
-
-void TestFiles::roundTripKeepsBytes() {
-    QFETCH(QByteArray, file);
-    AppFixture f;
-    f.openText(file);
-    QVERIFY(f.main().lstPGNFiles->List(0).contains(QStringLiteral("R\u00e9ti")));
-    const QString out = f.platform.path(QStringLiteral("out.pgn"));
-    f.platform.queueSave(out);
-    f.main().mnuFileSaveAllAs_Click();
-    QCOMPARE(AppFixture::readFile(out), file);
 }
 
 void TestFiles::commentsSurviveSaveAndReopen() {

@@ -8,7 +8,6 @@
 #include "viewer/ToolbarIcons.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QMenuBar>
 #include <QTest>
@@ -56,9 +55,6 @@ private slots:
     void toolWindows();
     void textEditors_data();
     void textEditors();
-    void desktopDefaultEditor();
-    void openDialogStartFolder();
-    void bundledSamplesReplay();
 };
 
 void TestMainWindow::initTestCase() {
@@ -429,64 +425,6 @@ void TestMainWindow::textEditors() {
     QCOMPARE(boxesShown(f.platform), box.isEmpty() ? QStringList() : QStringList{box});
     if (!box.isEmpty())
         QCOMPARE(f.platform.boxes()[0].icon, notepad ? MsgIcon::None : MsgIcon::Exclamation);
-}
-
-void TestMainWindow::desktopDefaultEditor() {
-    QTemporaryDir dir;
-    const QByteArray oldConfig = qgetenv("XDG_CONFIG_HOME"), oldData = qgetenv("XDG_DATA_DIRS");
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(dir.path()));
-    qputenv("XDG_DATA_DIRS", QFile::encodeName(dir.path()));
-    QVERIFY(QDir(dir.path()).mkpath(QStringLiteral("applications")));
-    QFile list(dir.filePath(QStringLiteral("mimeapps.list")));
-    QVERIFY(list.open(QIODevice::WriteOnly));
-    list.write("[Added Associations]\ntext/plain=other.desktop;\n[Default Applications]\n"
-               "text/html=browser.desktop\ntext/plain=missing.desktop;notes.desktop;\n");
-    list.close();
-    QFile entry(dir.filePath(QStringLiteral("applications/notes.desktop")));
-    QVERIFY(entry.open(QIODevice::WriteOnly));
-    entry.write("[Desktop Entry]\nName=Notes\nExec=\"/opt/my notes/notes\" --new-window %F\n"
-                "[Desktop Action x]\nExec=wrong\n");
-    entry.close();
-    const auto candidates = editorCandidates(EditorKind::Plain);
-    qputenv("XDG_CONFIG_HOME", oldConfig);
-    qputenv("XDG_DATA_DIRS", oldData);
-    // It is tried last, after the well-known plain editors, without its field codes.
-    QCOMPARE(candidates.size(), size_t(10));
-    QCOMPARE(candidates.back().program, QStringLiteral("/opt/my notes/notes"));
-    QCOMPARE(candidates.back().arguments, QStringList{"--new-window"});
-}
-
-void TestMainWindow::openDialogStartFolder() {
-    AppFixture f;
-    frmMain& w = f.main();
-    QCOMPARE(w.openDialogStartDir(), QDir::homePath()); // no samples beside this executable
-    QVERIFY(QDir().mkpath(f.platform.path(QStringLiteral("samples"))));
-    QCOMPARE(w.openDialogStartDir(), f.platform.path(QStringLiteral("samples")));
-    QVERIFY(QDir().mkpath(f.platform.path(QStringLiteral("mine"))));
-    f.open(f.writeFile(QStringLiteral("mine/games.pgn"), kThreeGames));
-    f.platform.queueOpenCancel();
-    w.mnuFileOpen_Click();
-    QCOMPARE(f.platform.lastOpenDir, f.platform.path(QStringLiteral("mine")));
-}
-
-void TestMainWindow::bundledSamplesReplay() {
-    const QDir dir(QStringLiteral(TOLVISK_DATA_DIR "/samples"));
-    int games = 0, fromPosition = 0;
-    for (const QString& name : dir.entryList({QStringLiteral("*.pgn")}, QDir::Files)) {
-        AppFixture f;
-        frmMain& w = f.main();
-        f.open(dir.filePath(name));
-        for (int16_t i = 0; i < w.lstPGNFiles->ListCount(); ++i, ++games) {
-            w.lstPGNFiles->setListIndex(i);
-            w.mnuFileLoad_Click();
-            w.mnuPlayerMoveLast_Click();
-            QVERIFY2(f.platform.boxes().empty() && w.Tavlon1->GameLength() > 0 &&
-                         w.Tavlon1->Ply() == w.Tavlon1->GameLength(),
-                     qPrintable(QStringLiteral("%1 game %2").arg(name).arg(i + 1)));
-            fromPosition += w.IsForsythGame ? 1 : 0;
-        }
-    }
-    QVERIFY2(games >= 30 && fromPosition >= 1, qPrintable(QString::number(games)));
 }
 
 QTEST_MAIN(TestMainWindow)
