@@ -7,8 +7,8 @@ namespace tolvisk {
 // The desktop itself: Qt's dialogs, printer, clipboard, processes and files.
 class QtPlatform : public Platform {
 public:
-    MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
-                     const QString& title) override;
+    MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon, const QString& title,
+                     const QString& detail = QString()) override;
     QString inputBox(const QString& prompt, const QString& title,
                      const QString& defaultText) override;
     QString showOpen(const QString& filter, const QString& initialDir) override;
@@ -34,7 +34,5 @@ private:
 QString qtFileFilter(const QString& filter);
 // The extension a Qt file filter names, "pgn" for "PGN files (*.pgn)"; none for "*.*".
 QString filterSuffix(const QString& qtFilter);
-// Opens a file's bytes as sequential text input; throws RuntimeError when it cannot.
-std::unique_ptr<TextFileReader> readTextFile(const QString& path);
 
 } // namespace tolvisk

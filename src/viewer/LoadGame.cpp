@@ -28,7 +28,7 @@ void frmMain::mnuFileLoad_Click() {
         m_.CurrentGame = toInt16(lstPGNFiles->ListIndex() + 1);
         FillTagList();
         CheckForForsyth();
-        const QString& moves = m_.record(lstPGNFiles->ListIndex() + 1).Moves;
+        const QString moves = m_.record(lstPGNFiles->ListIndex() + 1).Moves;
         if (!IsForsythGame)
             Tavlon1->LoadMoves(moves);
         else
@@ -39,10 +39,13 @@ void frmMain::mnuFileLoad_Click() {
         SetPlayerState();
         showDeletedMark(m_.record(lstPGNFiles->ListIndex() + 1).Deleted);
         platform_.setBusy(false);
-    } catch (const std::exception&) {
+    } catch (const std::exception& e) {
         platform_.setBusy(false);
+        // The reason (for the board, the move, its number and what is wrong with it) lets the
+        // user find the fault in the file.
         platform_.msgBox(QStringLiteral("Error loading game. This game cannot be loaded."),
-                         MsgButtons::OK, MsgIcon::Exclamation, QStringLiteral("Game Error"));
+                         MsgButtons::OK, MsgIcon::Exclamation, QStringLiteral("Game Error"),
+                         describeError(e));
     }
 }
 

@@ -86,7 +86,7 @@ void TestPlatform::writer() {
              QStringLiteral("R\u00e9ti \u0141\u00f3d\u017a\r\nx").toUtf8());
     QVERIFY_THROWS_EXCEPTION(
         RuntimeError, TextFileWriter(QStringLiteral("/nonexistent/dir/x.pgn"), TextEncoding::Utf8));
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, readTextFile(QStringLiteral("/nonexistent/x.pgn")));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, TextFileReader::open(QStringLiteral("/nonexistent/x.pgn")));
 }
 
 void TestPlatform::numbers_data() {

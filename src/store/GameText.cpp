@@ -1,0 +1,43 @@
+#include "store/GameRecord.h"
+
+#include "platform/TextFile.h"
+#include "store/LineRules.h"
+
+namespace tolvisk {
+
+GameText& GameText::operator=(QString text) {
+    source_.reset();
+    text_ = std::move(text);
+    return *this;
+}
+
+QByteArray GameText::builtBytes() const {
+    const char* data = source_->bytes.constData();
+    const bool moves = lines_ == Lines::Moves;
+    const QByteArrayView ending = moves ? QByteArrayView(" \r\n") : QByteArrayView("\r\n");
+    QByteArray out;
+    out.reserve(end_ - begin_ + (end_ - begin_) / 16 + 8);
+    for (qint64 at = begin_; at < end_;) {
+        const qint64 lineEnd = findLineEnd(data, at, end_);
+        const QByteArrayView line = trimBlanks(QByteArrayView(data + at, lineEnd - at));
+        if (!(moves && isEscapeLine(line))) {
+            out += line;
+            out += ending;
+        }
+        at = skipLineEnd(data, lineEnd, end_);
+    }
+    return out;
+}
+
+QString GameText::toString() const {
+    return source_ ? decodeText(builtBytes(), source_->form) : text_;
+}
+
+void GameText::writeTo(TextFileWriter& file) const {
+    if (source_)
+        file.writeBytes(builtBytes(), source_->form);
+    else
+        file.write(text_);
+}
+
+} // namespace tolvisk
