@@ -17,6 +17,8 @@ namespace {
 
 constexpr qint64 kBlock = qint64(4) << 20;
 constexpr qint64 kSmallestBlock = qint64(64) << 10;
+// Output goes to the file in pieces of about this size.
+constexpr qint64 kSpillSize = qint64(1) << 20;
 // Room kept for a file's bytes at once; a larger file grows its buffer as it is read.
 constexpr qint64 kMostReserved = qint64(256) << 20;
 
@@ -221,7 +223,28 @@ void TextFileWriter::print(QStringView line) {
     write(kCrLf);
 }
 
+void TextFileWriter::spill() {
+    // Windows-1252 text is kept whole until the end: a character the code page cannot hold
+    // turns the whole file into UTF-8.
+    if (buffer_.size() < kSpillSize || encoding_ == TextEncoding::Windows1252)
+        return;
+    writeOut();
+}
+
+void TextFileWriter::writeOut() {
+    if (!markWritten_) {
+        const QByteArrayView mark = byteOrderMark(encoding_);
+        if (file_->write(mark.data(), mark.size()) != mark.size())
+            fail();
+        markWritten_ = true;
+    }
+    if (file_->write(buffer_) != buffer_.size())
+        fail();
+    buffer_.resize(0); // the room stays for what follows
+}
+
 void TextFileWriter::write(QStringView text) {
+    spill();
     if (appendEncoded(buffer_, text, byteForm(encoding_)))
         return;
     // A character the code page cannot hold: the whole file becomes UTF-8.
@@ -231,18 +254,23 @@ void TextFileWriter::write(QStringView text) {
 }
 
 void TextFileWriter::writeBytes(QByteArrayView bytes, TextEncoding encoding) {
+    spill();
     if (byteForm(encoding) == byteForm(encoding_))
         buffer_ += bytes;
     else
         write(decodeText(bytes, byteForm(encoding)));
 }
 
+QByteArray* TextFileWriter::bytesIn(TextEncoding encoding) {
+    spill();
+    return byteForm(encoding) == byteForm(encoding_) ? &buffer_ : nullptr;
+}
+
 void TextFileWriter::close() {
     if (!file_)
         return;
-    const QByteArrayView mark = byteOrderMark(encoding_);
-    if (file_->write(mark.data(), mark.size()) != mark.size() ||
-        file_->write(buffer_) != buffer_.size() || !file_->commit())
+    writeOut();
+    if (!file_->commit())
         fail();
     file_.reset();
     buffer_.clear();

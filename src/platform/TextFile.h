@@ -80,9 +80,10 @@ private:
 };
 
 // Sequential output. The constructor opens a temporary file beside the target and throws
-// RuntimeError when it cannot; text is gathered, encoded, and `close()` writes it and renames
-// it over the target. Until then, and whenever writing fails, the target stays as it was: a
-// writer destroyed without `close()` leaves it alone.
+// RuntimeError when it cannot; text is encoded and written to it, and `close()` renames it over
+// the target. Until then, and whenever writing fails, the target stays as it was: a writer
+// destroyed without `close()` leaves it alone. Any write throws RuntimeError naming the file
+// and the reason when the file cannot take it.
 class TextFileWriter {
 public:
     TextFileWriter(QString path, TextEncoding encoding);
@@ -97,16 +98,22 @@ public:
     // Writes bytes that are in the byte form of `encoding`: as they are when the file's
     // encoding has the same form, converted otherwise.
     void writeBytes(QByteArrayView bytes, TextEncoding encoding);
-    // Throws RuntimeError naming the file and the reason when the file cannot be written.
+    // The bytes waiting to be written, for a writer that appends bytes in the byte form of
+    // `encoding` straight to them; nullptr when the file's bytes take another form.
+    QByteArray* bytesIn(TextEncoding encoding);
     void close();
     const QString& path() const { return path_; }
 
 private:
     [[noreturn]] void fail();
+    // Writes what waits when it has grown large, so that a long text needs little room.
+    void spill();
+    void writeOut();
 
     QString path_;
     TextEncoding encoding_;
     QByteArray buffer_; // in the byte form of encoding_, without its mark
+    bool markWritten_ = false;
     std::unique_ptr<QSaveFile> file_;
 };
 

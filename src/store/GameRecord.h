@@ -47,6 +47,7 @@ public:
 private:
     // An imported block built in the form of its source.
     QByteArray builtBytes() const;
+    void appendBuilt(QByteArray& out) const;
 
     std::shared_ptr<const SourceText> source_;
     QString text_;

@@ -12,11 +12,16 @@ GameText& GameText::operator=(QString text) {
 }
 
 QByteArray GameText::builtBytes() const {
+    QByteArray out;
+    out.reserve(end_ - begin_ + (end_ - begin_) / 16 + 8);
+    appendBuilt(out);
+    return out;
+}
+
+void GameText::appendBuilt(QByteArray& out) const {
     const char* data = source_->bytes.constData();
     const bool moves = lines_ == Lines::Moves;
     const QByteArrayView ending = moves ? QByteArrayView(" \r\n") : QByteArrayView("\r\n");
-    QByteArray out;
-    out.reserve(end_ - begin_ + (end_ - begin_) / 16 + 8);
     for (qint64 at = begin_; at < end_;) {
         const qint64 lineEnd = findLineEnd(data, at, end_);
         const QByteArrayView line = trimBlanks(QByteArrayView(data + at, lineEnd - at));
@@ -26,7 +31,6 @@ QByteArray GameText::builtBytes() const {
         }
         at = skipLineEnd(data, lineEnd, end_);
     }
-    return out;
 }
 
 QString GameText::toString() const {
@@ -34,10 +38,12 @@ QString GameText::toString() const {
 }
 
 void GameText::writeTo(TextFileWriter& file) const {
-    if (source_)
-        file.writeBytes(builtBytes(), source_->form);
-    else
+    if (!source_)
         file.write(text_);
+    else if (QByteArray* bytes = file.bytesIn(source_->form))
+        appendBuilt(*bytes);
+    else
+        file.writeBytes(builtBytes(), source_->form);
 }
 
 } // namespace tolvisk

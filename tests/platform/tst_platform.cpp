@@ -71,11 +71,10 @@ void TestPlatform::writer() {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("a.txt"));
     auto written = [&](TextEncoding encoding, const QString& text) {
-        {
-            TextFileWriter w(path, encoding);
-            w.print(text);
-            w.write(QStringLiteral("x"));
-        }
+        TextFileWriter w(path, encoding);
+        w.print(text);
+        w.write(QStringLiteral("x"));
+        w.close();
         return AppFixture::readFile(path);
     };
     QCOMPARE(written(TextEncoding::Windows1252, QStringLiteral("R\u00e9ti \u0160ah")),
@@ -86,7 +85,8 @@ void TestPlatform::writer() {
              QStringLiteral("R\u00e9ti \u0141\u00f3d\u017a\r\nx").toUtf8());
     QVERIFY_THROWS_EXCEPTION(
         RuntimeError, TextFileWriter(QStringLiteral("/nonexistent/dir/x.pgn"), TextEncoding::Utf8));
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, TextFileReader::open(QStringLiteral("/nonexistent/x.pgn")));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError,
+                             TextFileReader::open(QStringLiteral("/nonexistent/x.pgn")));
 }
 
 void TestPlatform::numbers_data() {
