@@ -14,6 +14,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBlock>
 #include <QTimer>
 #include <QToolTip>
 
@@ -31,6 +32,7 @@ private slots:
     void listSelection();
     void listDoubleClickAndToolTip();
     void textBoxKeepsEveryCharacter();
+    void textBoxShowsLongTextsCutShort();
     void doubleClickSelectsTheBlankDelimitedWord();
     void timerRestartsWhenEnabled();
     void saveDialogAddsTheFilterExtension_data();
@@ -241,6 +243,37 @@ void TestPlatform::textBoxKeepsEveryCharacter() {
     box.setSelLength(6);
     QCOMPARE(box.SelText(), QStringLiteral("e5\r\n2."));
     QCOMPARE(box.SelLength(), 6);
+}
+
+void TestPlatform::textBoxShowsLongTextsCutShort() {
+    TextBox box;
+    // One line too long to lay out, then a short one.
+    const QString longLine(TextBox::kShownLineLength + 5000, u'w');
+    const QString text = longLine + QStringLiteral("\r\n1. e4");
+    box.setText(text);
+    QCOMPARE(box.Text(), text);
+    QCOMPARE(box.document()->firstBlock().text(),
+             longLine.left(TextBox::kShownLineLength) + QChar(0x2026));
+    // Read-only while cut, so that what it holds cannot be lost by typing.
+    QVERIFY(box.isReadOnly());
+    const int at = int(text.indexOf(QStringLiteral("1.")));
+    box.select(at, 2);
+    QCOMPARE(box.SelStart(), at);
+    QCOMPARE(box.SelText(), QStringLiteral("1."));
+    // Too many lines: the first ones, then a line of dots.
+    QString many;
+    for (int i = 0; i < TextBox::kShownLines + 10; ++i)
+        many += QStringLiteral("%1.\r\n").arg(i);
+    box.setText(many);
+    QCOMPARE(box.Text(), many);
+    QCOMPARE(box.document()->blockCount(), TextBox::kShownLines + 1);
+    QCOMPARE(box.document()->lastBlock().text(), QString(QChar(0x2026)));
+    // A text it shows whole makes it editable again, and what the user types is its text.
+    box.setText(QStringLiteral("1. e4"));
+    QVERIFY(!box.isReadOnly());
+    box.moveCursor(QTextCursor::End);
+    QTest::keyClicks(&box, QStringLiteral(" e5"));
+    QCOMPARE(box.Text(), QStringLiteral("1. e4 e5"));
 }
 
 void TestPlatform::doubleClickSelectsTheBlankDelimitedWord() {
