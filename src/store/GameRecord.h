@@ -12,10 +12,17 @@ namespace tolvisk {
 class TextFileWriter;
 
 // The bytes of an opened file, shared by the games imported from it, and the form they are in:
-// UTF-8 or Windows-1252.
+// UTF-8 or Windows-1252. The block built last is kept, as the preview and the board of one load
+// ask for the same move text in turn.
 struct SourceText {
     QByteArray bytes;
     TextEncoding form = TextEncoding::Utf8;
+    struct Built {
+        qint64 begin = -1;
+        qint64 end = -1;
+        QString text;
+    };
+    mutable Built lastBuilt;
 };
 
 // One block of a game's text: lines, each ended by CR LF. A block given as a string is kept as

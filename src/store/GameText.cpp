@@ -34,7 +34,13 @@ void GameText::appendBuilt(QByteArray& out) const {
 }
 
 QString GameText::toString() const {
-    return source_ ? decodeText(builtBytes(), source_->form) : text_;
+    if (!source_)
+        return text_;
+    // A header and its game's moves never share a range, so the range tells them apart.
+    SourceText::Built& last = source_->lastBuilt;
+    if (last.begin != begin_ || last.end != end_)
+        last = {begin_, end_, decodeText(builtBytes(), source_->form)};
+    return last.text;
 }
 
 void GameText::writeTo(TextFileWriter& file) const {
