@@ -28,13 +28,16 @@ QPushButton* button(const char* name, const char* caption, const char* tip) {
 } // namespace
 
 frmEditTags::frmEditTags(Application& app)
-    : ToolWindow(QStringLiteral("frmEditTags"), QStringLiteral("Tag Editor"), 6600, 4200),
+    : ToolWindow(QStringLiteral("frmEditTags"), QStringLiteral("Tag Editor"), 8400, 4500),
       app_(app) {
     createControls();
     Form_Load();
 }
 
 void frmEditTags::createControls() {
+    QFont font = this->font();
+    font.setPointSizeF(8.25);
+    setFont(font);
     lstTags = new ListBox;
     lstTags->setObjectName(QStringLiteral("lstTags"));
     lstTags->setToolTip(QStringLiteral("Header tags in current game"));
@@ -72,7 +75,6 @@ void frmEditTags::createControls() {
     foot->addWidget(cmdClose);
     grid->addLayout(foot, 3, 0, 1, 2);
     grid->setRowStretch(0, 1);
-    grid->setRowMinimumHeight(3, cmdOK->sizeHint().height() + 8);
 
     Platform& platform = app_.platform();
     wire(platform, lstTags, &ListBox::Click, [this] { lstTags_Click(); });

@@ -1,5 +1,5 @@
-// The tag editor: its buttons after each step, editing, adding and deleting lines with their
-// boxes, and what OK gives back to the main window.
+// The tag editor: its buttons after each step, adding and deleting lines with their boxes, and
+// editing lines and giving them back to the main window.
 
 #include "support/AppFixture.h"
 #include "tags/frmEditTags.h"
@@ -51,8 +51,6 @@ private slots:
     void initTestCase() { quietHeadlessNotes(); }
     void buttons_data();
     void buttons();
-    void editing_data();
-    void editing();
     void addAndDelete();
     void okGivesTheLinesBack();
     void hiddenWordShowsTheVariationBoard();
@@ -62,24 +60,14 @@ void TestEditTags::buttons_data() {
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("enabled");
     QTest::addColumn<QString>("label");
-    QTest::newRow("opened") << ""
-                            << "OK,Apply,Undo,Add Tag,Delete Tag,Cancel"
-                            << "Nothing Selected";
-    QTest::newRow("line clicked") << "click"
-                                  << "OK,Apply,Undo,Delete Tag"
-                                  << "Editing: [White \"?\"]";
-    QTest::newRow("applied") << "click apply"
-                             << "OK,Add Tag,Cancel"
-                             << "Nothing Selected";
-    QTest::newRow("undone") << "click undo"
-                            << "OK,Add Tag,Cancel"
-                            << "Nothing Selected";
-    QTest::newRow("deleted") << "click delete"
-                             << "OK,Add Tag,Cancel"
-                             << "Nothing Selected";
-    QTest::newRow("Enter, nothing selected") << "enter"
-                                             << "OK,Add Tag,Cancel"
-                                             << "Nothing Selected";
+    // clang-format off
+    QTest::newRow("opened") << "" << "OK,Apply,Undo,Add Tag,Delete Tag,Cancel" << "Nothing Selected";
+    QTest::newRow("line clicked") << "click" << "OK,Apply,Undo,Delete Tag" << "Editing: [White \"?\"]";
+    QTest::newRow("applied") << "click apply" << "OK,Add Tag,Cancel" << "Nothing Selected";
+    QTest::newRow("undone") << "click undo" << "OK,Add Tag,Cancel" << "Nothing Selected";
+    QTest::newRow("deleted") << "click delete" << "OK,Add Tag,Cancel" << "Nothing Selected";
+    QTest::newRow("Enter, nothing selected") << "enter" << "OK,Add Tag,Cancel" << "Nothing Selected";
+    // clang-format on
 }
 
 void TestEditTags::buttons() {
@@ -102,40 +90,6 @@ void TestEditTags::buttons() {
     QCOMPARE(::enabled(w), enabled);
     QCOMPARE(w.lblSelected->text(), label);
     QCOMPARE(w.lstTags->ListIndex(), int16_t(steps == QLatin1String("click") ? 1 : -1));
-}
-
-void TestEditTags::editing_data() {
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("line");
-    QTest::newRow("up to the second quote") << 0 << "A "
-                                            << "X"
-                                            << "[Event \"X\"]";
-    QTest::newRow("emptied value") << 0 << "A "
-                                   << ""
-                                   << "[Event \"\"]";
-    QTest::newRow("line without quote") << 2 << "Comment"
-                                        << "Note"
-                                        << "Note";
-    QTest::newRow("emptied line") << 2 << "Comment"
-                                  << ""
-                                  << "";
-}
-
-void TestEditTags::editing() {
-    QFETCH(int, row);
-    QFETCH(QString, shown);
-    QFETCH(QString, typed);
-    QFETCH(QString, line);
-    TagsFixture f;
-    frmEditTags& w = f.openEditor();
-    clickList(*w.lstTags, row);
-    QCOMPARE(w.txtSelected->text(), shown);
-    edit(w, row, typed);
-    QCOMPARE(w.lstTags->List(int16_t(row)), line);
-    QVERIFY(w.txtSelected->text().isEmpty());
-    QCOMPARE(w.lstTags->ListCount(), int16_t(4));
 }
 
 void TestEditTags::addAndDelete() {
@@ -179,13 +133,17 @@ void TestEditTags::okGivesTheLinesBack() {
     f.platform.queueInput(QStringLiteral("Black"));
     click(w.cmdAdd);
     edit(w, 4, QStringLiteral("Bert"));
+    clickList(*w.lstTags, 0);
+    QCOMPARE(w.txtSelected->text(), QStringLiteral("A ")); // up to the second double quote
+    edit(w, 0, QString());
     edit(w, 1, QStringLiteral("Anna"));
-    edit(w, 2, QStringLiteral("Black White Result")); // no double quote: no value
+    edit(w, 2, QStringLiteral("Black White Result")); // the whole line: no double quote
     clickList(*w.lstTags, 3);
     QTest::keyClicks(w.txtSelected, QStringLiteral("1-0")); // taken in by OK
     click(w.cmdOK);
-    QCOMPARE(m.lstTags->items(), (QStringList{kTags[0], "[White \"Anna\"]", "Black White Result",
-                                              "[Result \"*1-0\"]", "[Black \"Bert\"]"}));
+    QCOMPARE(m.lstTags->items(),
+             (QStringList{"[Event \"\"]", "[White \"Anna\"]", "Black White Result",
+                          "[Result \"*1-0\"]", "[Black \"Bert\"]"}));
     QCOMPARE(f.m().EditedResult, QStringLiteral("*1-0"));
     QCOMPARE(m.Tavlon1->GameResult(), QStringLiteral("*1-0"));
     QCOMPARE(m.Tavlon1->WhitePlayer(), QStringLiteral("Anna"));
