@@ -27,7 +27,7 @@ constexpr int kBoardTwips = 4020;
 constexpr int kFirstSquareTwips = 60;
 constexpr int kImagePixels = 32;
 
-// The tool bar's buttons in their order, and the square code each one places.
+// The tool bar's buttons in their order; kCodes holds the square code each one places.
 const struct {
     const char* key;
     const char* tip;
