@@ -92,8 +92,10 @@ void frmEditTags::Form_Load() {
     const ListBox& mainTags = *app_.main().lstTags;
     TagLines = mainTags.items();
     WriteTags();
-    // Opens on the line selected in the main window, through this list's Click.
-    lstTags->setListIndex(mainTags.ListIndex());
+    // Opens on the line selected in the main window, through this list's Click; empty lines
+    // left out can put that line beyond the end, and then none is selected.
+    const int16_t selected = mainTags.ListIndex();
+    lstTags->setListIndex(selected < lstTags->ListCount() ? selected : int16_t(-1));
     for (QPushButton* b : {cmdOK, cmdApply, cmdCancel, cmdAdd, cmdDelete, cmdClose})
         b->setEnabled(true);
 }
