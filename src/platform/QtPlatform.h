@@ -21,6 +21,7 @@ public:
     QImage grabScreen(QWidget* widget, int x, int y, int width, int height) override;
     void startProgram(const QString& path, const QStringList& arguments) override;
     QString exeDir() override;
+    QString sharedDataDir() override;
     QString dataDir() override;
     std::unique_ptr<TextFileReader> openInput(const QString& path) override;
     std::unique_ptr<TextFileWriter> openOutput(const QString& path, TextEncoding encoding) override;
