@@ -1,5 +1,6 @@
 #include "help/frmHelp.h"
 
+#include "platform/DialogFrame.h"
 #include "platform/Errors.h"
 #include "platform/Twips.h"
 #include "viewer/Application.h"
@@ -80,9 +81,11 @@ QFont sansFont(const QString& family, qreal points) {
 frmHelp::frmHelp(Application& app)
     : ToolWindow(QStringLiteral("frmHelp"), QStringLiteral("Ravelund Help"), 8910, 4605),
       app_(app) {
+    setDialogFont(this);
     Label1 = new QLabel(QStringLiteral("Help Topics:"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setGeometry(twipsRect(180, 180, 900, 195));
+    widenToCaption(Label1);
     List1 = new ListBox(this);
     List1->setObjectName(QStringLiteral("List1"));
     List1->setGeometry(twipsRect(120, 420, 1935, 2595));

@@ -43,15 +43,6 @@ Control* place(Control* control, const char* name, int left, int top, int width,
     return control;
 }
 
-// The desktop's sans type runs wider than the type the design was measured in: a caption that
-// does not fit widens its control, up to the edge of its frame.
-void fitCaption(QWidget* control) {
-    const int room = control->parentWidget()->width() - control->x() - twipsToPx(60);
-    const int wanted = std::min(control->sizeHint().width(), room);
-    if (wanted > control->width())
-        control->resize(wanted, control->height());
-}
-
 // A label with a control beside it wraps under itself instead.
 void wrapCaption(QLabel* label) {
     label->setWordWrap(true);
@@ -125,10 +116,9 @@ void frmOptions::createControls() {
     cmdCancel =
         place(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 5160, 1980, 855, 375);
 
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{optPS, optPR, optPNP, optPPP, Label1, Label2, Label3, optQ,
-                                         optR, optB, optK, optA, optP, optL})
-        fitCaption(control);
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             optPS, optPR, optPNP, optPPP, Label1, optQ, optR, optB, optK, optA, optP, optL})
+        widenToCaption(control);
     wrapCaption(Label2);
     wrapCaption(Label3);
 
