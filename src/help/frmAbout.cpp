@@ -26,16 +26,9 @@ const char* const kNotice =
     "of the PGN files you care about before you save over them.\n\n"
     "The sample games are games of the past; their moves are nobody's property.";
 
-template <class Control>
-Control* place(Control* control, const char* name, int left, int top, int width, int height) {
-    control->setObjectName(QLatin1String(name));
-    control->setGeometry(twipsRect(left, top, width, height));
-    return control;
-}
-
 QLabel* label(QWidget* parent, const char* name, int left, int top, int width, int height,
               qreal points = 0, bool bold = false) {
-    auto* label = place(new QLabel(parent), name, left, top, width, height);
+    auto* label = placeTwips(new QLabel(parent), name, left, top, width, height);
     if (points > 0) {
         QFont font = label->font();
         font.setPointSizeF(points);
@@ -66,7 +59,7 @@ frmAbout::frmAbout(Application& app)
 
 void frmAbout::createControls() {
     const qreal ratio = devicePixelRatioF();
-    Picture1 = place(new QFrame(this), "Picture1", 120, 120, 5295, 960);
+    Picture1 = placeTwips(new QFrame(this), "Picture1", 120, 120, 5295, 960);
     Picture1->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     Picture1->setAutoFillBackground(true);
     QPalette banner = Picture1->palette();
@@ -91,10 +84,10 @@ void frmAbout::createControls() {
     lblVersion = label(this, "lblVersion", 3480, 1620, 1935, 195);
     lblVersion->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
-    Line1 = place(new QFrame(this), "Line1", 120, 1950, 5295, 30);
+    Line1 = placeTwips(new QFrame(this), "Line1", 120, 1950, 5295, 30);
     Line1->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     Label4 = label(this, "Label4", 120, 2040, 5295, 240, 0, true);
-    txtCopyright = place(new QPlainTextEdit(this), "txtCopyright", 120, 2310, 5295, 1260);
+    txtCopyright = placeTwips(new QPlainTextEdit(this), "txtCopyright", 120, 2310, 5295, 1260);
     txtCopyright->setReadOnly(true);
     txtCopyright->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     txtCopyright->setFocusPolicy(Qt::NoFocus);
@@ -110,7 +103,7 @@ void frmAbout::createControls() {
     Label7->setToolTip(data);
     Label7->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
-    cmdOK = place(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 4320, 4320, 1095, 375);
+    cmdOK = placeTwips(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 4320, 4320, 1095, 375);
     connect(cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
     cmdOK->setFocus();
 }

@@ -61,12 +61,12 @@ bool listsBefore(const QString& a, const QString& b) {
     return folded != 0 ? folded < 0 : a < b;
 }
 
-// The design's outer window is its client area and a frame of this size; the text box's size
+// The outer window is the client area and a classic frame of this size; the text box's size
 // follows the outer size.
 constexpr int kFrameWidthTwips = 120;
 constexpr int kFrameHeightTwips = 390;
 
-// Where a sans font the desktop lacks stands in the design, the desktop's own sans font.
+// A sans font the desktop lacks gives way to the desktop's own sans font.
 QFont sansFont(const QString& family, qreal points) {
     QFont font(family);
     font.setStyleHint(QFont::SansSerif);

@@ -36,13 +36,6 @@ QString valueOn(Options options, const QStringList& values) {
     return QString();
 }
 
-template <class Control>
-Control* place(Control* control, const char* name, int left, int top, int width, int height) {
-    control->setObjectName(QLatin1String(name));
-    control->setGeometry(twipsRect(left, top, width, height));
-    return control;
-}
-
 // A label with a control beside it wraps under itself instead.
 void wrapCaption(QLabel* label) {
     label->setWordWrap(true);
@@ -51,7 +44,8 @@ void wrapCaption(QLabel* label) {
 
 QRadioButton* option(QWidget* frame, const char* name, const char* caption, int left, int top,
                      int width, int height) {
-    return place(new QRadioButton(QLatin1String(caption), frame), name, left, top, width, height);
+    return placeTwips(new QRadioButton(QLatin1String(caption), frame), name, left, top, width,
+                      height);
 }
 
 } // namespace
@@ -67,54 +61,56 @@ frmOptions::frmOptions(Application& app)
 }
 
 void frmOptions::createControls() {
-    Frame1 = place(new QGroupBox(QStringLiteral("AutoPlay"), this), "Frame1", 180, 180, 2115, 2235);
+    Frame1 =
+        placeTwips(new QGroupBox(QStringLiteral("AutoPlay"), this), "Frame1", 180, 180, 2115, 2235);
     optPS = option(Frame1, "optPS", "Play - Stop", 240, 420, 1335, 255);
     optPR = option(Frame1, "optPR", "Play - Repeat", 240, 720, 1395, 255);
     optPNP = option(Frame1, "optPNP", "Play - Next - Play", 240, 1020, 1575, 255);
     optPPP = option(Frame1, "optPPP", "Play - Prev - Play", 240, 1320, 1575, 255);
-    Label1 = place(new QLabel(QStringLiteral("Speed:"), Frame1), "Label1", 300, 1800, 510, 195);
+    Label1 =
+        placeTwips(new QLabel(QStringLiteral("Speed:"), Frame1), "Label1", 300, 1800, 510, 195);
     txtAPSpeed =
-        place(new QLineEdit(QStringLiteral("1"), Frame1), "txtAPSpeed", 900, 1740, 435, 285);
-    vsAPSpeed = place(new QScrollBar(Qt::Vertical, Frame1), "vsAPSpeed", 1380, 1680, 315, 435);
+        placeTwips(new QLineEdit(QStringLiteral("1"), Frame1), "txtAPSpeed", 900, 1740, 435, 285);
+    vsAPSpeed = placeTwips(new QScrollBar(Qt::Vertical, Frame1), "vsAPSpeed", 1380, 1680, 315, 435);
     vsAPSpeed->setRange(kMinAPSpeed, kMaxAPSpeed);
     vsAPSpeed->setSingleStep(1);
     vsAPSpeed->setPageStep(5);
     vsAPSpeed->setValue(kDefaultAPSpeed);
 
-    Frame2 = place(new QGroupBox(QStringLiteral("Board Square Colors"), this), "Frame2", 2460, 180,
-                   2475, 2235);
-    Label2 = place(new QLabel(QStringLiteral("Light Square Color:"), Frame2), "Label2", 180, 480,
-                   1350, 195);
-    picLSC = place(new ColorSwatch(Frame2), "picLSC", 1740, 480, 495, 495);
-    Label3 = place(new QLabel(QStringLiteral("Dark Square Color:"), Frame2), "Label3", 180, 1140,
-                   1350, 195);
-    picDSC = place(new ColorSwatch(Frame2), "picDSC", 1740, 1140, 495, 495);
+    Frame2 = placeTwips(new QGroupBox(QStringLiteral("Board Square Colors"), this), "Frame2", 2460,
+                        180, 2475, 2235);
+    Label2 = placeTwips(new QLabel(QStringLiteral("Light Square Color:"), Frame2), "Label2", 180,
+                        480, 1350, 195);
+    picLSC = placeTwips(new ColorSwatch(Frame2), "picLSC", 1740, 480, 495, 495);
+    Label3 = placeTwips(new QLabel(QStringLiteral("Dark Square Color:"), Frame2), "Label3", 180,
+                        1140, 1350, 195);
+    picDSC = placeTwips(new ColorSwatch(Frame2), "picDSC", 1740, 1140, 495, 495);
 
-    fraPromote = place(new QGroupBox(QStringLiteral("Promotion Piece"), this), "fraPromote", 180,
-                       2580, 2115, 855);
+    fraPromote = placeTwips(new QGroupBox(QStringLiteral("Promotion Piece"), this), "fraPromote",
+                            180, 2580, 2115, 855);
     optQ = option(fraPromote, "optQ", "Queen", 180, 300, 855, 195);
     optR = option(fraPromote, "optR", "Rook", 180, 540, 855, 195);
     optB = option(fraPromote, "optB", "Bishop", 1140, 300, 855, 195);
     optK = option(fraPromote, "optK", "Knight", 1140, 540, 915, 195);
 
-    Frame3 = place(new QGroupBox(QStringLiteral("Move List Style"), this), "Frame3", 2460, 2580,
-                   2475, 855);
+    Frame3 = placeTwips(new QGroupBox(QStringLiteral("Move List Style"), this), "Frame3", 2460,
+                        2580, 2475, 855);
     optA = option(Frame3, "optA", "Anno", 180, 360, 675, 255);
     optP = option(Frame3, "optP", "Para", 960, 360, 675, 255);
     optL = option(Frame3, "optL", "List", 1740, 360, 555, 255);
 
-    // The options on at design time decide an Apply when a setting turned on none.
+    // The options on from the start decide an Apply when a setting turned on none.
     optPNP->setChecked(true);
     optQ->setChecked(true);
     optL->setChecked(true);
 
-    cmdOK = place(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 5160, 300, 855, 375);
+    cmdOK = placeTwips(new QPushButton(QStringLiteral("OK"), this), "cmdOK", 5160, 300, 855, 375);
     cmdApply =
-        place(new QPushButton(QStringLiteral("Apply"), this), "cmdApply", 5160, 780, 855, 375);
-    cmdDefaults = place(new QPushButton(QStringLiteral("Defaults"), this), "cmdDefaults", 5160,
-                        1380, 855, 375);
-    cmdCancel =
-        place(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 5160, 1980, 855, 375);
+        placeTwips(new QPushButton(QStringLiteral("Apply"), this), "cmdApply", 5160, 780, 855, 375);
+    cmdDefaults = placeTwips(new QPushButton(QStringLiteral("Defaults"), this), "cmdDefaults", 5160,
+                             1380, 855, 375);
+    cmdCancel = placeTwips(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel", 5160, 1980,
+                           855, 375);
 
     for (QWidget* control : std::initializer_list<QWidget*>{
              optPS, optPR, optPNP, optPPP, Label1, optQ, optR, optB, optK, optA, optP, optL})

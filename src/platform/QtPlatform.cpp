@@ -197,14 +197,18 @@ QString QtPlatform::exeDir() {
     return QCoreApplication::applicationDirPath();
 }
 
-QString QtPlatform::sharedDataDir() {
-    const QDir exe(exeDir());
+QString findSharedDataDir(const QString& exeDir, const QString& dataFromBin) {
+    const QDir exe(exeDir);
     // A build tree holds the data beside the program; an installed program finds it under
     // share/ beside bin/, whatever the prefix.
     if (exe.exists(QStringLiteral("samples")) || exe.exists(QStringLiteral("tolhelp.txt")))
         return exe.path();
-    const QString installed = QDir::cleanPath(exe.filePath(QStringLiteral(TOLVISK_DATA_FROM_BIN)));
+    const QString installed = QDir::cleanPath(exe.filePath(dataFromBin));
     return QFileInfo(installed).isDir() ? installed : exe.path();
+}
+
+QString QtPlatform::sharedDataDir() {
+    return findSharedDataDir(exeDir(), QStringLiteral(TOLVISK_DATA_FROM_BIN));
 }
 
 QString QtPlatform::dataDir() {

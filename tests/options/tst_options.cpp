@@ -115,7 +115,7 @@ void TestOptions::sequences_data() {
         << "cmdApply"
         << "B 255 65280 | B 255 65280 | PS 5 P | P" << true;
     // Values only a hand-edited start-up file brings turn on no option: Cancel keeps them, and
-    // Apply takes the options on at design time.
+    // Apply takes the options on from the start.
     QTest::newRow("hand-edited values, Cancel")
         << "N 255 65280 | N 255 65280 | XX 3 Z"
         << "cmdCancel"
