@@ -3,7 +3,6 @@
 #include "options/ColorSwatch.h"
 #include "platform/DialogFrame.h"
 #include "platform/Numbers.h"
-#include "platform/Twips.h"
 #include "store/Module1.h"
 #include "store/Settings.h"
 #include "viewer/Application.h"
@@ -26,6 +25,7 @@ bool turnOn(Options options, const QStringList& values, const QString& value) {
     return true;
 }
 
+// The value of the option that is on.
 QString valueOn(Options options, const QStringList& values) {
     qsizetype at = 0;
     for (QRadioButton* option : options) {
