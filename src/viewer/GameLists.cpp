@@ -37,6 +37,9 @@ void frmMain::ShowPlayerNames() {
     // From the selected list entry, not from lstTags: the names of the game in the store.
     const QString entry = lstPGNFiles->List(lstPGNFiles->ListIndex());
     for (const QString& piece : entry.split(QLatin1Char(']'))) {
+        // A piece without a double quote names nobody.
+        if (!piece.contains(u'"'))
+            continue;
         if (piece.contains(QLatin1String("[White ")))
             Tavlon1->setWhitePlayer(tagValue(piece));
         if (piece.contains(QLatin1String("[Black ")))
@@ -47,10 +50,10 @@ void frmMain::ShowPlayerNames() {
 void frmMain::SetupNewGame() {
     Tavlon1->NewGame();
     txtMoveList->setText(QString());
-    lstTags->setItems({QStringLiteral("[Event \"?\"]"), QStringLiteral("[Site \"?\"]"),
-                       QStringLiteral("[Date \"????.??.??\"]"), QStringLiteral("[Round \"?\"]"),
-                       QStringLiteral("[White \"?\"]"), QStringLiteral("[Black \"?\"]"),
-                       QStringLiteral("[Result \"*\"]")});
+    lstTags->Clear();
+    for (const char* line : {"[Event \"?\"]", "[Site \"?\"]", "[Date \"????.??.??\"]",
+                             "[Round \"?\"]", "[White \"?\"]", "[Black \"?\"]", "[Result \"*\"]"})
+        lstTags->AddItem(QString::fromLatin1(line));
     // The names beside the board are those of the new tags, not of the game before.
     Tavlon1->setWhitePlayer(QStringLiteral("?"));
     Tavlon1->setBlackPlayer(QStringLiteral("?"));
