@@ -35,7 +35,7 @@ struct Headless {
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
         qapp = std::make_unique<QApplication>(argc, argv);
-        app = std::make_unique<Application>(platform, &createForm);
+        app = std::make_unique<Application>(platform, &createForm, &createOutput);
         app->loadMain();
     }
     frmMain& main() { return app->main(); }

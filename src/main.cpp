@@ -8,7 +8,7 @@
 int main(int argc, char* argv[]) {
     QApplication qapp(argc, argv);
     tolvisk::QtPlatform platform;
-    tolvisk::Application app(platform, &tolvisk::createForm);
+    tolvisk::Application app(platform, &tolvisk::createForm, &tolvisk::createOutput);
     app.loadMain().show();
     return qapp.exec();
 }

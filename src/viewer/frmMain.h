@@ -13,6 +13,8 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <functional>
+
 namespace tolvisk {
 
 class Application;
@@ -117,6 +119,7 @@ public:
     void mnuFilePrint_Click();
     void mnuEditCopyClipboard_Click();
     void mnuEditCopyBitmap_Click();
+    void Timer2_Timer();
 
     // Layout (frmMainLayout.cpp).
     void Form_Resize();
@@ -139,6 +142,9 @@ public:
     // Saving (Save.cpp).
     void mnuFileSave_Click();
     void mnuFileSaveAs_Click();
+    // Save As with the given move text: the dialog, the tag lines of lstTags, the text; a quiet
+    // end on any error. The variation board saves its line through it too.
+    void saveGameAs(const QString& moveText);
     void mnuFileSaveAll_Click();
     void mnuFileSaveAllAs_Click();
     void PromptSaveGame();
@@ -187,6 +193,8 @@ public:
     // Runs a handler for an event; an error no handler took is shown in a box, not fatal.
     using Handler = void (frmMain::*)();
     void run(Handler handler);
+    // The same for a handler of another window that has none of its own.
+    void run(const std::function<void()>& handler);
     // The folder the File Open dialog starts in: the bundled samples until another folder has
     // been used.
     QString openDialogStartDir();

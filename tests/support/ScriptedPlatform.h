@@ -60,6 +60,7 @@ public:
     QSet<QString> unwritable; // paths whose opening for output fails
     QSet<QString> startable;  // programs that start; any other fails
     bool printerFails = false;
+    bool clipboardFails = false; // the clipboard refuses a picture
 
     QString dir() const { return dir_.path(); }
     QString path(const QString& name) const { return dir_.filePath(name); }
@@ -75,7 +76,6 @@ public:
     void clipboardClear() override;
     void clipboardSetText(const QString& text) override;
     void clipboardSetImage(const QImage& image) override;
-    QImage grabScreen(QWidget* widget, int x, int y, int width, int height) override;
     void startProgram(const QString& path, const QStringList& arguments) override;
     QString exeDir() override { return dir_.path(); }
     QString dataDir() override { return dir_.path(); }
