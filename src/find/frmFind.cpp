@@ -75,16 +75,19 @@ frmFind::frmFind(Application& app)
     layout->addLayout(bottom);
 
     // An error no handler took is reported by the main window's last resort.
-    auto handle = [this](void (frmFind::*handler)()) {
-        return [this, handler] { app_.main().run([this, handler] { (this->*handler)(); }); };
-    };
-    connect(cmdFindFirst, &QPushButton::clicked, this, handle(&frmFind::cmdFindFirst_Click));
-    connect(cmdFindNext, &QPushButton::clicked, this, handle(&frmFind::cmdFindNext_Click));
-    connect(cmdFindLast, &QPushButton::clicked, this, handle(&frmFind::cmdFindLast_Click));
-    connect(cmdFindPrevious, &QPushButton::clicked, this, handle(&frmFind::cmdFindPrevious_Click));
+    frmMain& main = app_.main();
+    connect(cmdFindFirst, &QPushButton::clicked, this,
+            main.slotFor(this, &frmFind::cmdFindFirst_Click));
+    connect(cmdFindNext, &QPushButton::clicked, this,
+            main.slotFor(this, &frmFind::cmdFindNext_Click));
+    connect(cmdFindLast, &QPushButton::clicked, this,
+            main.slotFor(this, &frmFind::cmdFindLast_Click));
+    connect(cmdFindPrevious, &QPushButton::clicked, this,
+            main.slotFor(this, &frmFind::cmdFindPrevious_Click));
     connect(cmdClose, &QPushButton::clicked, this, &frmFind::cmdClose_Click);
     // Enter in the search text goes on to the next match, as in any find box.
-    connect(txtFindString, &QLineEdit::returnPressed, this, handle(&frmFind::cmdFindNext_Click));
+    connect(txtFindString, &QLineEdit::returnPressed, this,
+            main.slotFor(this, &frmFind::cmdFindNext_Click));
 }
 
 void frmFind::cmdFindFirst_Click() {

@@ -44,6 +44,21 @@ const Button kToolbar[] = {
     {"End", "End Of Game", 17, nullptr, &Tavlon::MoveLast},
 };
 
+// The File menu; an entry without a name is a separating line.
+struct Entry {
+    QAction* frmVariation::*entry = nullptr;
+    const char* caption = nullptr;
+    void (frmVariation::*handler)() = nullptr;
+};
+const Entry kMenu[] = {
+    {&V::mnuFileNew, "New", &V::mnuFileNew_Click},
+    {&V::mnuFileSaveAs, "Save As...", &V::mnuFileSaveAs_Click},
+    {},
+    {&V::mnuFilePrint, "Print", &V::mnuFilePrint_Click},
+    {},
+    {&V::mnuFileClose, "Close", &V::mnuFileClose_Click},
+};
+
 constexpr int kListWidthTwips = 2800;
 
 } // namespace
@@ -59,13 +74,17 @@ frmVariation::frmVariation(Application& app) : QMainWindow(nullptr), app_(app) {
 }
 
 void frmVariation::createControls() {
+    // Every handler runs under the main window's last resort for errors no handler took.
+    frmMain& main = app_.main();
     mnuFile = menuBar()->addMenu(QStringLiteral("File"));
-    mnuFileNew = mnuFile->addAction(QStringLiteral("New"));
-    mnuFileSaveAs = mnuFile->addAction(QStringLiteral("Save As..."));
-    mnuFile->addSeparator();
-    mnuFilePrint = mnuFile->addAction(QStringLiteral("Print"));
-    mnuFile->addSeparator();
-    mnuFileClose = mnuFile->addAction(QStringLiteral("Close"));
+    for (const Entry& e : kMenu) {
+        if (!e.entry) {
+            mnuFile->addSeparator();
+            continue;
+        }
+        this->*e.entry = mnuFile->addAction(QString::fromLatin1(e.caption));
+        connect(this->*e.entry, &QAction::triggered, this, main.slotFor(this, e.handler));
+    }
 
     Toolbar1 = new ToolBar(this);
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
@@ -100,23 +119,17 @@ void frmVariation::createControls() {
     layout->addWidget(Tavlon1, 1);
     layout->addLayout(side);
 
-    // Every handler runs under the main window's last resort for errors no handler took.
-    auto handle = [this](void (frmVariation::*handler)()) {
-        return [this, handler] { app_.main().run([this, handler] { (this->*handler)(); }); };
-    };
-    connect(mnuFileNew, &QAction::triggered, this, handle(&frmVariation::mnuFileNew_Click));
-    connect(mnuFileSaveAs, &QAction::triggered, this, handle(&frmVariation::mnuFileSaveAs_Click));
-    connect(mnuFilePrint, &QAction::triggered, this, handle(&frmVariation::mnuFilePrint_Click));
-    connect(mnuFileClose, &QAction::triggered, this, handle(&frmVariation::mnuFileClose_Click));
-    connect(cmdSync, &QPushButton::clicked, this, handle(&frmVariation::cmdSync_Click));
-    connect(cmdSend, &QPushButton::clicked, this, handle(&frmVariation::cmdSend_Click));
-    connect(txtMoveList, &TextBox::DblClick, this, handle(&frmVariation::txtMoveList_DblClick));
+    connect(cmdSync, &QPushButton::clicked, this, main.slotFor(this, &frmVariation::cmdSync_Click));
+    connect(cmdSend, &QPushButton::clicked, this, main.slotFor(this, &frmVariation::cmdSend_Click));
+    connect(txtMoveList, &TextBox::DblClick, this,
+            main.slotFor(this, &frmVariation::txtMoveList_DblClick));
     connect(Toolbar1, &ToolBar::ButtonClick, this,
             [this](const QString& key) { Toolbar1_ButtonClick(key); });
-    connect(Tavlon1, &Tavlon::MoveAdded, this, handle(&frmVariation::Tavlon1_MoveAdded));
+    connect(Tavlon1, &Tavlon::MoveAdded, this,
+            main.slotFor(this, &frmVariation::Tavlon1_MoveAdded));
     for (auto signal :
          {&Tavlon::MovedFirst, &Tavlon::MovedPrevious, &Tavlon::MovedNext, &Tavlon::MovedLast})
-        connect(Tavlon1, signal, this, handle(&frmVariation::SetVarPlayerState));
+        connect(Tavlon1, signal, this, main.slotFor(this, &frmVariation::SetVarPlayerState));
 }
 
 void frmVariation::cmdSync_Click() {
@@ -241,11 +254,7 @@ void frmVariation::Toolbar1_ButtonClick(const QString& key) {
 }
 
 void frmVariation::mnuBoardReverse_Click() {
-    const QString view = Tavlon1->ViewColor();
-    if (view == QLatin1String("W"))
-        Tavlon1->setViewColor(QStringLiteral("B"));
-    else if (view == QLatin1String("B"))
-        Tavlon1->setViewColor(QStringLiteral("W"));
+    frmMain::reverseView(*Tavlon1);
 }
 
 void frmVariation::txtMoveList_DblClick() {

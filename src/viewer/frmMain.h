@@ -170,6 +170,8 @@ public:
     void mnuPlayerMoveNext_Click();
     void mnuPlayerMoveLast_Click();
     void mnuBoardReverse_Click();
+    // A board's view turns from White to Black and back; any other value stays.
+    static void reverseView(Tavlon& board);
     void Tavlon1_MoveAdded();
     void Tavlon1_Moved();
 
@@ -193,8 +195,12 @@ public:
     // Runs a handler for an event; an error no handler took is shown in a box, not fatal.
     using Handler = void (frmMain::*)();
     void run(Handler handler);
-    // The same for a handler of another window that has none of its own.
+    // The same for a handler of another window; slotFor makes the slot that runs it so.
     void run(const std::function<void()>& handler);
+    template <class Window>
+    std::function<void()> slotFor(Window* window, void (Window::*handler)()) {
+        return [this, window, handler] { run([window, handler] { (window->*handler)(); }); };
+    }
     // The folder the File Open dialog starts in: the bundled samples until another folder has
     // been used.
     QString openDialogStartDir();
