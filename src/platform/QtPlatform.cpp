@@ -2,6 +2,7 @@
 
 #include "platform/Errors.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -168,7 +169,11 @@ void QtPlatform::printText(const QString& text) {
     QPrinter printer;
     if (!printer.isValid() || printer.outputFormat() != QPrinter::NativeFormat)
         throw RuntimeError(QStringLiteral("No printer is available."), 482);
+    // Laid out on the printer's own pages, so that the document prints as it is: unpaged, it
+    // would get page numbers added.
     QTextDocument document;
+    document.documentLayout()->setPaintDevice(&printer);
+    document.setPageSize(printer.pageRect(QPrinter::DevicePixel).size());
     document.setPlainText(QString(text).replace(kCrLf, QStringLiteral("\n")));
     document.print(&printer);
 }
