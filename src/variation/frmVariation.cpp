@@ -15,6 +15,9 @@
 #include <QMenuBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tolvisk {
 
 namespace {
@@ -238,17 +241,18 @@ void frmVariation::mnuFileClose_Click() {
 }
 
 void frmVariation::Toolbar1_ButtonClick(const QString& key) {
+    const auto b = std::find_if(std::begin(kToolbar), std::end(kToolbar),
+                                [&key](const Button& b) { return key == QLatin1String(b.key); });
+    if (b == std::end(kToolbar))
+        return;
+    Tavlon* board = Tavlon1;
     // A failing action is passed over without a message.
-    skipOnError([&] {
-        for (const Button& b : kToolbar) {
-            if (key != QLatin1String(b.key))
-                continue;
-            if (b.handler) {
-                (this->*b.handler)();
-            } else {
-                (Tavlon1->*b.step)();
-                app_.main().UpdateGameStats(); // the main window's labels, from its own board
-            }
+    skipOnError([this, b, board] {
+        if (b->handler) {
+            (this->*b->handler)();
+        } else {
+            (board->*b->step)();
+            app_.main().UpdateGameStats(); // the main window's labels, from its own board
         }
     });
 }
