@@ -48,8 +48,11 @@ public:
 
     // Where the program's executable lies.
     virtual QString exeDir() = 0;
-    // The directory for the start-up file and the help text: the executable's directory, or the
-    // user's configuration directory where that one is not writable.
+    // Where the files that come with the program lie (the samples, the help text): the
+    // executable's directory in a build tree, the installed data directory beside /usr/bin.
+    virtual QString sharedDataDir() = 0;
+    // The directory for the start-up file: the executable's directory when the program runs
+    // from a writable tree of its own, else the user's configuration directory.
     virtual QString dataDir() = 0;
 
     virtual std::unique_ptr<TextFileReader> openInput(const QString& path) = 0;

@@ -201,11 +201,27 @@ QString QtPlatform::exeDir() {
     return QCoreApplication::applicationDirPath();
 }
 
+QString findSharedDataDir(const QString& exeDir, const QString& dataFromBin) {
+    const QDir exe(exeDir);
+    // A build tree holds the data beside the program; an installed program finds it under
+    // share/ beside bin/, whatever the prefix.
+    if (exe.exists(QStringLiteral("samples")) || exe.exists(QStringLiteral("tolhelp.txt")))
+        return exe.path();
+    const QString installed = QDir::cleanPath(exe.filePath(dataFromBin));
+    return QFileInfo(installed).isDir() ? installed : exe.path();
+}
+
+QString QtPlatform::sharedDataDir() {
+    return findSharedDataDir(exeDir(), QStringLiteral(TOLVISK_DATA_FROM_BIN));
+}
+
 QString QtPlatform::dataDir() {
     const QString dir = exeDir();
-    if (QFileInfo(dir).isWritable())
+    if (sharedDataDir() == dir && QFileInfo(dir).isWritable())
         return dir;
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    // An installed program keeps its start-up file with the user, even when run as root.
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                           QStringLiteral("/tolvisk");
     QDir().mkpath(config);
     return config;
 }

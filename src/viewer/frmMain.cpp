@@ -166,7 +166,7 @@ void frmMain::showFileTitle(const QString& path) {
 QString frmMain::openDialogStartDir() {
     if (!lastOpenDir_.isEmpty())
         return lastOpenDir_;
-    const QString samples = QDir(platform_.exeDir()).filePath(QStringLiteral("samples"));
+    const QString samples = QDir(platform_.sharedDataDir()).filePath(QStringLiteral("samples"));
     // A copy of the program without its samples starts in the user's home instead.
     return QFileInfo(samples).isDir() ? samples : QDir::homePath();
 }

@@ -89,9 +89,11 @@ uint32_t ScriptedPlatform::showColor(uint32_t initial) {
     record({QStringLiteral("showColor"), QString::number(initial)});
     if (colorAnswers.empty())
         unexpected(QStringLiteral("colour dialog"));
-    const uint32_t answer = colorAnswers.front();
+    const std::optional<uint32_t> answer = colorAnswers.front();
     colorAnswers.pop_front();
-    return answer;
+    if (!answer)
+        throw CancelError();
+    return *answer;
 }
 
 void ScriptedPlatform::printText(const QString& text) {
