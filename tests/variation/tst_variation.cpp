@@ -2,7 +2,6 @@
 // the menu and the double click on a move number.
 
 #include "store/Import.h"
-#include "store/TagLines.h"
 #include "support/AppFixture.h"
 #include "variation/frmVariation.h"
 
@@ -78,11 +77,6 @@ void TestVariation::syncThenSendLosesNothing_data() {
 void TestVariation::syncThenSendLosesNothing() {
     QFETCH(int, game);
     QFETCH(QString, start);
-    bool setUp = false;
-    QString fen;
-    findForsythTag({"[SetUp \"1\"]", "[FEN \"x\"]"}, setUp, fen);
-    if (game == 2 && fen.isEmpty())
-        QSKIP("the tag scan does not read FEN tags yet");
     Variation f(game);
     frmMain& w = f.main();
     const QString moves = f.board().MovesAnnotated();
