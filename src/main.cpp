@@ -16,7 +16,7 @@ int main(int argc, char* argv[]) {
         builtIn.addFile(QStringLiteral(":/icons/%1/tolvisk.png").arg(QLatin1String(size)));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("tolvisk"), builtIn));
     tolvisk::QtPlatform platform;
-    tolvisk::Application app(platform, &tolvisk::createForm);
+    tolvisk::Application app(platform, &tolvisk::createForm, &tolvisk::createOutput);
     app.loadMain().show();
     return qapp.exec();
 }

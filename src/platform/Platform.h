@@ -9,8 +9,6 @@
 #include <cstdint>
 #include <memory>
 
-class QWidget;
-
 namespace tolvisk {
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
@@ -45,8 +43,6 @@ public:
     virtual void clipboardClear() = 0;
     virtual void clipboardSetText(const QString& text) = 0;
     virtual void clipboardSetImage(const QImage& image) = 0;
-    // Reads a rectangle of the screen (global coordinates, pixels).
-    virtual QImage grabScreen(QWidget* widget, int x, int y, int width, int height) = 0;
 
     // Starts a program without waiting; throws RuntimeError when it cannot start.
     virtual void startProgram(const QString& path, const QStringList& arguments) = 0;

@@ -18,7 +18,6 @@ public:
     void clipboardClear() override;
     void clipboardSetText(const QString& text) override;
     void clipboardSetImage(const QImage& image) override;
-    QImage grabScreen(QWidget* widget, int x, int y, int width, int height) override;
     void startProgram(const QString& path, const QStringList& arguments) override;
     QString exeDir() override;
     QString sharedDataDir() override;

@@ -120,16 +120,39 @@ void frmMain::mnuHelpAbout_Click() {
     app_.showForm(QStringLiteral("frmAbout"));
 }
 
-// Printing and the clipboard commands come with the output work; until then they do nothing.
-void frmMain::mnuFilePrint_Click() {}
-void frmMain::mnuEditCopyClipboard_Click() {}
-void frmMain::mnuEditCopyBitmap_Click() {}
+// Printing and the clipboard are the output routines' (GameOutput), which the application
+// holds for this window.
+void frmMain::mnuFilePrint_Click() {
+    if (GameOutput* output = app_.output())
+        output->printGame(*Tavlon1);
+}
+
+void frmMain::mnuEditCopyClipboard_Click() {
+    if (GameOutput* output = app_.output())
+        output->copyGame();
+}
+
+void frmMain::mnuEditCopyBitmap_Click() {
+    if (GameOutput* output = app_.output())
+        output->copyBoard();
+}
+
+void frmMain::Timer2_Timer() {
+    if (GameOutput* output = app_.output())
+        output->CaptureScreen();
+    else
+        Timer2->setEnabled(false);
+}
 
 void frmMain::run(Handler handler) {
+    run([this, handler] { (this->*handler)(); });
+}
+
+void frmMain::run(const std::function<void()>& handler) {
     // An error that no handler took must not end the program: it is reported and the user
     // carries on.
     try {
-        (this->*handler)();
+        handler();
     } catch (const std::exception& e) {
         platform_.setBusy(false);
         platform_.msgBox(describeError(e), MsgButtons::OK, MsgIcon::Critical, QString());

@@ -115,13 +115,9 @@ void ScriptedPlatform::clipboardSetText(const QString& text) {
 
 void ScriptedPlatform::clipboardSetImage(const QImage& image) {
     record({QStringLiteral("clipboardImage")});
+    if (clipboardFails)
+        throw RuntimeError(QStringLiteral("Can't open clipboard"), 521);
     clipboardImage = image;
-}
-
-QImage ScriptedPlatform::grabScreen(QWidget*, int, int, int width, int height) {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    return image;
 }
 
 void ScriptedPlatform::startProgram(const QString& path, const QStringList& arguments) {

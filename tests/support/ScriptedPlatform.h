@@ -63,6 +63,7 @@ public:
     QSet<QString> unwritable; // paths whose opening for output fails
     QSet<QString> startable;  // programs that start; any other fails
     bool printerFails = false;
+    bool clipboardFails = false; // the clipboard refuses a picture
     // The data that come with the program: the project's own unless a test moves them.
     QString sharedDir = QStringLiteral(TOLVISK_DATA_DIR);
 
@@ -80,7 +81,6 @@ public:
     void clipboardClear() override;
     void clipboardSetText(const QString& text) override;
     void clipboardSetImage(const QImage& image) override;
-    QImage grabScreen(QWidget* widget, int x, int y, int width, int height) override;
     void startProgram(const QString& path, const QStringList& arguments) override;
     QString exeDir() override { return dir_.path(); }
     QString sharedDataDir() override { return sharedDir; }
