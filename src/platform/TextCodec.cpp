@@ -140,13 +140,12 @@ QString decodeText(QByteArrayView bytes, TextEncoding encoding) {
         bytes = bytes.sliced(3);
     if (encoding != TextEncoding::Windows1252)
         return QString::fromUtf8(bytes);
-    QString text(bytes.size(), Qt::Uninitialized);
+    // As Latin-1, then the 32 bytes where the code page differs from it.
+    QString text = QString::fromLatin1(bytes);
     char16_t* out = reinterpret_cast<char16_t*>(text.data());
-    const auto* in = reinterpret_cast<const unsigned char*>(bytes.data());
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        const unsigned char c = in[i];
-        out[i] = (c >= 0x80 && c < 0xA0) ? kHigh1252[c - 0x80] : char16_t(c);
-    }
+    for (qsizetype i = 0; i < text.size(); ++i)
+        if (char16_t(out[i] - 0x80) < 0x20)
+            out[i] = kHigh1252[out[i] - 0x80];
     return text;
 }
 
