@@ -15,7 +15,6 @@ namespace tolvisk {
 
 namespace {
 
-constexpr qint64 kBlock = qint64(4) << 20;
 constexpr qint64 kSmallestBlock = qint64(64) << 10;
 // Output goes to the file in pieces of about this size.
 constexpr qint64 kSpillSize = qint64(1) << 20;
@@ -112,7 +111,7 @@ bool TextFileReader::readBlock() {
         return false;
     const qint64 start = bytes_.size();
     // The rest of the file and one byte more, which finds its end, in blocks of bounded size.
-    const qint64 want = std::clamp(length_ - start + 1, kSmallestBlock, kBlock);
+    const qint64 want = std::clamp(length_ - start + 1, kSmallestBlock, TextFileReader::kBlockSize);
     bytes_.resize(start + want);
     const qint64 got = file_->read(bytes_.data() + start, want);
     bytes_.resize(start + std::max<qint64>(got, 0));

@@ -36,6 +36,9 @@ public:
     TextFileReader(const TextFileReader&) = delete;
     TextFileReader& operator=(const TextFileReader&) = delete;
 
+    // A long file is read in blocks of this size.
+    static constexpr qint64 kBlockSize = qint64(4) << 20;
+
     // Opens a regular file; a directory, pipe or device is refused with a RuntimeError that
     // says what it is, as is a file that cannot be opened.
     static std::unique_ptr<TextFileReader> open(const QString& path);

@@ -26,6 +26,7 @@ private slots:
     void encodingRoundTrip_data();
     void encodingRoundTrip();
     void writer();
+    void readerAcrossBlocks();
     void numbers_data();
     void numbers();
     void listSelection_data();
@@ -91,6 +92,30 @@ void TestPlatform::writer() {
         RuntimeError, TextFileWriter(QStringLiteral("/nonexistent/dir/x.pgn"), TextEncoding::Utf8));
     QVERIFY_THROWS_EXCEPTION(RuntimeError,
                              TextFileReader::open(QStringLiteral("/nonexistent/x.pgn")));
+}
+
+void TestPlatform::readerAcrossBlocks() {
+    // A CR LF split between two blocks, and a line running over into the next block.
+    const qint64 block = TextFileReader::kBlockSize;
+    QByteArray bytes(block - 1, 'a');
+    bytes += "\r\nb";
+    bytes += QByteArray(block, 'c');
+    bytes += "\rlast";
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("long.pgn"));
+    QFile out(path);
+    QVERIFY(out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size());
+    out.close();
+    // Read line by line, as the import reads, block by block.
+    auto file = TextFileReader::open(path);
+    QList<QByteArray> lines;
+    while (!file->atEnd()) {
+        const TextFileReader::Span line = file->lineSpan();
+        lines << QByteArray(file->data() + line.begin, line.end - line.begin);
+    }
+    QCOMPARE(lines,
+             (QList<QByteArray>{QByteArray(block - 1, 'a'), "b" + QByteArray(block, 'c'), "last"}));
+    QCOMPARE(file->position(), bytes.size());
 }
 
 void TestPlatform::numbers_data() {
