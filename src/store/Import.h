@@ -28,9 +28,9 @@ struct ImportResult {
 // reading is, in per cent (above 100 when the position runs past the length's 128-byte units).
 using ImportProgress = std::function<void(long count, long percent)>;
 
-// Reads games into `store`, which holds element 0 only, one new element per game. Every line
-// of the file that is neither empty nor an escape line ends up in a game, and the games read
-// back from Save All's output are the same games. A failure of the file leaves the games read
+// Reads games into `store`, which holds element 0 only, one new element per game. Up to the
+// limit, every line of the file that is neither empty nor an escape line ends up in a game, and
+// the games read back from Save All's output are the same games. A failure of the file leaves the games read
 // so far in the store and travels to the caller.
 ImportResult importGames(TextFileReader& file, GameStoreArray& store,
                          const ImportProgress& progress);
