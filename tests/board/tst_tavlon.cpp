@@ -394,6 +394,49 @@ private slots:
         QVERIFY(board->GameChanged());
     }
 
+    void castlingByMouse_data() {
+        QTest::addColumn<QString>("forsyth");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QString>("move");
+        QTest::addColumn<QString>("placement");
+        const QString normal = QStringLiteral("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1");
+        const QString chess960 = QStringLiteral("4k3/8/8/8/8/8/8/5K1R w H - 0 1");
+        QTest::newRow("two squares") << normal << "e1"
+                                     << "g1"
+                                     << "O-O"
+                                     << "4k3/8/8/8/8/8/8/R4RK1";
+        QTest::newRow("onto its own rook") << normal << "e1"
+                                           << "a1"
+                                           << "O-O-O"
+                                           << "4k3/8/8/8/8/8/8/2KR3R";
+        QTest::newRow("960, onto its own rook") << chess960 << "f1"
+                                                << "h1"
+                                                << "O-O"
+                                                << "4k3/8/8/8/8/8/8/5RK1";
+        QTest::newRow("960, the target square is a king step") << chess960 << "f1"
+                                                               << "g1"
+                                                               << "Kg1"
+                                                               << "4k3/8/8/8/8/8/8/6KR";
+    }
+    void castlingByMouse() {
+        QFETCH(QString, forsyth);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QString, move);
+        QFETCH(QString, placement);
+        for (bool byClicks : {false, true}) {
+            board->SetPosition(forsyth);
+            if (byClicks)
+                clickClick(*board, from, to);
+            else
+                drag(*board, from, to);
+            QCOMPARE(board->LastMoveText(), move);
+            board->RefreshForsyth(1);
+            QCOMPARE(board->CurrentForsyth().section(u' ', 0, 0), placement);
+        }
+    }
+
     void clickSelection_data() {
         QTest::addColumn<QStringList>("clicks");
         QTest::addColumn<QString>("selected");

@@ -159,13 +159,25 @@ void BoardGame::setChanged(bool changed) {
 
 namespace {
 
-// The square a move is made to with the mouse: castling is the king's two-square step (or onto
-// its own rook where the king would not move).
-int uiTarget(Move m) {
+// Whether a move is made by putting its piece down on `to`. A castle is made by putting the king
+// on its own rook or on the square where castling puts it; where that square is also a plain
+// king step, the plain step takes it (see `chooseMove`).
+bool madeOn(Move m, int to) {
     if (!m.isCastle())
-        return m.to;
-    const int target = Position::castleKingTarget(m);
-    return target == m.from ? m.to : target;
+        return m.to == to;
+    return m.to == to || Position::castleKingTarget(m) == to;
+}
+
+std::optional<Move> chooseMove(const MoveList& moves, int from, int to, PieceType promotion) {
+    std::optional<Move> castle;
+    for (Move m : moves) {
+        if (m.from != from || !madeOn(m, to) || (m.promotion && m.promotion != promotion))
+            continue;
+        if (!m.isCastle())
+            return m;
+        castle = m;
+    }
+    return castle;
 }
 
 } // namespace
@@ -174,12 +186,17 @@ std::vector<int> BoardGame::legalTargets(int from) const {
     MoveList moves;
     positions_[size_t(ply_)].legalMoves(moves);
     std::vector<int> targets;
-    for (Move m : moves)
-        if (m.from == from && !m.isNull()) {
-            const int t = uiTarget(m);
-            if (std::find(targets.begin(), targets.end(), t) == targets.end())
-                targets.push_back(t);
-        }
+    auto add = [&](int t) {
+        if (t != from && std::find(targets.begin(), targets.end(), t) == targets.end())
+            targets.push_back(t);
+    };
+    for (Move m : moves) {
+        if (m.from != from)
+            continue;
+        add(m.to);
+        if (m.isCastle())
+            add(Position::castleKingTarget(m));
+    }
     return targets;
 }
 
@@ -187,7 +204,7 @@ bool BoardGame::isPromotion(int from, int to) const {
     MoveList moves;
     positions_[size_t(ply_)].legalMoves(moves);
     for (Move m : moves)
-        if (m.from == from && uiTarget(m) == to && m.promotion)
+        if (m.from == from && m.to == to && m.promotion)
             return true;
     return false;
 }
@@ -199,15 +216,7 @@ BoardGame::PlayOutcome BoardGame::playMove(int from, int to, char promotion) {
                              : promotion == 'B' ? Bishop
                              : promotion == 'N' ? Knight
                                                 : Queen;
-    std::optional<Move> chosen;
-    for (Move m : moves) {
-        if (m.from != from || uiTarget(m) != to)
-            continue;
-        if (m.promotion && m.promotion != wanted)
-            continue;
-        chosen = m;
-        break;
-    }
+    const std::optional<Move> chosen = chooseMove(moves, from, to, wanted);
     if (!chosen)
         return PlayOutcome::Illegal;
     std::vector<Node>& line = game_.main.moves;

@@ -18,27 +18,33 @@ bool isDelimiter(char c) {
     return isSpace(c) || c == '{' || c == '}' || c == '(' || c == ')' || c == ';' || c == '$';
 }
 
-bool isResult(std::string_view w) {
-    return w == "1-0" || w == "0-1" || w == "1/2-1/2" || w == "*" || w == "1/2" ||
-           w == "\xC2\xBD-\xC2\xBD" ||
-           w == "1\xE2\x80\x93"
-                "0" ||
-           w == "0\xE2\x80\x93"
-                "1" ||
-           w == "1/2\xE2\x80\x93"
-                "1/2";
-}
-
-std::string normalResult(std::string_view w) {
-    if (w == "1\xE2\x80\x93"
-             "0")
-        return "1-0";
-    if (w == "0\xE2\x80\x93"
-             "1")
-        return "0-1";
-    if (w.substr(0, 1) == "1" && w.size() > 3 && w != "1-0")
-        return "1/2-1/2"; // the draw in any of its spellings
-    return std::string(w);
+// The result a word stands for ("1-0", "0-1", "1/2-1/2", "*"), or "" when it is none. Files
+// spell results in more ways than the standard: halves, en dashes, a lone "1/2", and the forfeit
+// marks of tournament files ("+--" White wins, "--+" Black wins).
+std::string_view resultOf(std::string_view w) {
+    static constexpr std::pair<std::string_view, std::string_view> kSpellings[] = {
+        {"1-0", "1-0"},
+        {"0-1", "0-1"},
+        {"1/2-1/2", "1/2-1/2"},
+        {"*", "*"},
+        {"1/2", "1/2-1/2"},
+        {"\xC2\xBD-\xC2\xBD", "1/2-1/2"},
+        {"1\xE2\x80\x93"
+         "0",
+         "1-0"},
+        {"0\xE2\x80\x93"
+         "1",
+         "0-1"},
+        {"1/2\xE2\x80\x93"
+         "1/2",
+         "1/2-1/2"},
+        {"+--", "1-0"},
+        {"--+", "0-1"},
+    };
+    for (const auto& [spelling, result] : kSpellings)
+        if (w == spelling)
+            return result;
+    return {};
 }
 
 // Comment text as kept: whitespace runs become one blank, none at the ends, and no "}" (which
@@ -147,9 +153,9 @@ public:
                 ++stop;
             const std::string_view word = text_.substr(i, stop - i);
             i = stop;
-            if (isResult(word)) {
+            if (const std::string_view result = resultOf(word); !result.empty()) {
                 if (frames_.size() == 1 && skipDepth_ == 0) {
-                    game.result = normalResult(word);
+                    game.result = std::string(result);
                     break; // the rest of the text is not part of the game
                 }
                 continue;

@@ -204,11 +204,13 @@ bool Position::castleLegal(Color c, int side) const {
     };
     if (!clear(kingFrom, kingTo) || !clear(rookFrom, rookTo))
         return false;
+    // The squares the king passes must be safe here; where it lands is checked like any move,
+    // after the rook has moved (a Chess960 rook may have been shielding it).
     const Color them = Color(c ^ 1);
     for (int s = std::min(kingFrom, kingTo); s <= std::max(kingFrom, kingTo); ++s)
         if (attacked(s, them))
             return false;
-    return true;
+    return isLegal(Move{uint8_t(kingFrom), uint8_t(rookFrom), NoType, Move::Castle});
 }
 
 void Position::addCastles(MoveList& list) const {
@@ -227,8 +229,6 @@ int Position::castleKingTarget(Move m) {
 }
 
 bool Position::isLegal(Move m) const {
-    if (m.isCastle())
-        return true; // generated only when legal
     Position next = *this;
     next.play(m);
     return !next.attacked(next.king_[side_], next.side_);

@@ -54,8 +54,25 @@ void TestPosition::perftCounts_data() {
     QTest::newRow("position 6, 3")
         << "r4rk1/1pp1qppp/p1np1n2/2b1p1B1/2B1P1b1/P1NP1N2/1PP1QPPP/R4RK1 w - - 0 10" << 3
         << 89890LL;
-    QTest::newRow("chess960 castling")
+    // Chess960, every count from Stockfish.
+    QTest::newRow("960 middle game")
         << "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w HFhf - 2 9" << 3 << 12189LL;
+    QTest::newRow("960 middle game, h and e rooks")
+        << "2nnrbkr/p1qppppp/8/1ppb4/6PP/3PP3/PPP2P2/BQNNRBKR w HEhe - 1 9" << 3 << 18002LL;
+    QTest::newRow("960 castling rook shields the king")
+        << "k7/8/8/8/8/8/8/qRK5 w B - 0 1" << 4 << 11702LL;
+    QTest::newRow("960 castling rook shields the king's target")
+        << "4k3/8/8/8/8/8/8/rR2K3 w B - 0 1" << 3 << 1400LL;
+    QTest::newRow("960 castle opens the rank to the target")
+        << "1r2k1r1/8/8/8/8/8/8/R3K2R w AHbg - 0 1" << 3 << 15138LL;
+    QTest::newRow("960 castle target is also a king step")
+        << "4k3/8/8/8/8/8/8/5K1R w H - 0 1" << 4 << 6659LL;
+    QTest::newRow("960 king between its rooks")
+        << "rkr5/8/8/8/8/8/8/RKR5 w ACac - 0 1" << 4 << 138584LL;
+    QTest::newRow("960 enemy rook beside the castling rook")
+        << "1k6/8/8/8/8/8/8/4K1Rr w G - 0 1" << 4 << 18114LL;
+    QTest::newRow("960 king between rooks, enemy rook behind")
+        << "6k1/8/8/8/8/8/8/1rRKR3 w CE - 0 1" << 4 << 49604LL;
 }
 
 void TestPosition::perftCounts() {
