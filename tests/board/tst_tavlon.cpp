@@ -437,6 +437,18 @@ private slots:
         }
     }
 
+    void crowdedPosition() {
+        // More legal moves than any game reaches.
+        board->LoadMovesFrom(
+            QStringLiteral("1QQQQQQK/Q5Q1/Q6Q/Q6Q/Q3Q3/Q5QQ/Q4Qnn/QQQQ1Qnk w - - 0 1"),
+            QStringLiteral("1. Qe4e3 *"));
+        board->MoveNext();
+        EventSpies spies(*board);
+        clickClick(*board, QStringLiteral("g2"), QStringLiteral("e3"));
+        QCOMPARE(spies.raised(), QStringLiteral("MoveAdded"));
+        QCOMPARE(board->LastMoveText(), QStringLiteral("Nxe3"));
+    }
+
     void clickSelection_data() {
         QTest::addColumn<QStringList>("clicks");
         QTest::addColumn<QString>("selected");

@@ -168,6 +168,15 @@ bool madeOn(Move m, int to) {
     return m.to == to || Position::castleKingTarget(m) == to;
 }
 
+// How deep variations nest inside a line.
+size_t nesting(const Line& line) {
+    size_t deepest = 0;
+    for (const Node& node : line.moves)
+        for (const Line& v : node.variations)
+            deepest = std::max(deepest, 1 + nesting(v));
+    return deepest;
+}
+
 std::optional<Move> chooseMove(const MoveList& moves, int from, int to, PieceType promotion) {
     std::optional<Move> castle;
     for (Move m : moves) {
@@ -228,6 +237,13 @@ BoardGame::PlayOutcome BoardGame::playMove(int from, int to, char promotion) {
     if (p == line.size()) {
         line.push_back(Node{*chosen, {}, {}, {}});
     } else {
+        // The old continuation goes one level down; refuse what could not be read back.
+        size_t deepest = 0;
+        for (size_t k = p + 1; k < line.size(); ++k)
+            for (const Line& v : line[k].variations)
+                deepest = std::max(deepest, 1 + nesting(v));
+        if (1 + deepest > kMaxNesting)
+            return PlayOutcome::Illegal;
         // The old continuation stays as a variation; a variation that starts with this move
         // becomes the main line instead of a new one.
         std::vector<Line> alternatives = std::move(line[p].variations);

@@ -3,6 +3,7 @@
 #include "BoardError.h"
 #include "Position.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <vector>
@@ -27,12 +28,14 @@ std::vector<std::string_view> fields(std::string_view s) {
     return out;
 }
 
+// A count of the Forsyth string; digits only, larger numbers stop at kMaxCount.
 int toNumber(std::string_view s, int fallback) {
-    int value = 0;
-    auto [ptr, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
-    if (ec != std::errc() || ptr != s.data() + s.size() || value < 0)
+    if (s.empty() || s.find_first_not_of("0123456789") != std::string_view::npos)
         return fallback;
-    return value;
+    long long value = 0;
+    for (char c : s)
+        value = std::min<long long>(value * 10 + (c - '0'), kMaxCount);
+    return int(value);
 }
 
 PieceType pieceType(char c) {

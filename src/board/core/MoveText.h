@@ -32,9 +32,13 @@ struct Game {
     Position end = Position::start(); // after the main line's last move
 };
 
-// Reads stored move text. Throws BoardError naming the ply and the token when it cannot be
-// played. With `mainLineOnly`, variations and comments are checked for balance but not kept or
-// played (a quick replay).
+// Variations may nest this deep; deeper text is refused, so that nothing that walks the tree
+// needs more than this much stack.
+constexpr size_t kMaxNesting = 500;
+
+// Reads stored move text. Throws BoardError naming the move and what is wrong with it when the
+// text cannot be played. With `mainLineOnly`, variations and comments are checked for balance but
+// not kept or played (a quick replay).
 Game readMoveText(std::string_view text, const Position& start, bool mainLineOnly = false);
 
 // The three move texts: CR LF between lines, none after the last.

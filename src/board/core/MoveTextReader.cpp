@@ -73,9 +73,9 @@ void appendComment(std::string& to, std::string_view text) {
 
 struct Frame {
     Line* line;
-    Position pos;     // before the next move of this line
-    Position lastPos; // before the line's last move
-    bool hasMove = false;
+    Position pos;              // before the next move of this line
+    Position lastPos;          // before the line's last move
+    std::string_view lastMove; // that move as written; empty before the first
 };
 
 class Reader {
@@ -86,7 +86,7 @@ public:
     Game run() {
         Game game;
         game.start = start_;
-        frames_.push_back(Frame{&game.main, start_, start_, false});
+        frames_.push_back(Frame{&game.main, start_, start_, {}});
         size_t i = 0;
         bool lineStart = true;
         const size_t n = text_.size();
@@ -129,7 +129,7 @@ public:
             }
             if (c == ')') {
                 if (frames_.size() + skipDepth_ <= 1)
-                    fail("Unbalanced \")\"", ")");
+                    fail("Unbalanced \")\"", frames_.back());
                 closeVariation();
                 ++i;
                 continue;
@@ -167,20 +167,17 @@ public:
             }
         }
         if (frames_.size() > 1 || skipDepth_ > 0)
-            fail("Unbalanced \"(\"", "(");
+            fail("Unbalanced \"(\"", frames_.front());
         game.end = frames_.front().pos;
         return game;
     }
 
 private:
-    int plyOf(const Position& pos) const {
-        return (pos.fullmoveNumber() - start_.fullmoveNumber()) * 2 + int(pos.sideToMove()) -
-               int(start_.sideToMove()) + 1;
-    }
-
-    [[noreturn]] void fail(const std::string& what, std::string_view token) const {
-        (void)token;
-        throw BoardError(what + " at ply " + std::to_string(plyOf(frames_.back().pos)));
+    // `what` after the last move read in that line.
+    [[noreturn]] static void fail(const std::string& what, const Frame& where) {
+        if (where.lastMove.empty())
+            throw BoardError(what + " before the first move");
+        throw BoardError(what + " after " + numberedMove(where.lastPos, where.lastMove));
     }
 
     void comment(std::string_view text) {
@@ -203,15 +200,17 @@ private:
 
     void openVariation() {
         Frame& f = frames_.back();
+        if (frames_.size() + skipDepth_ > kMaxNesting)
+            fail("Variations nested deeper than " + std::to_string(kMaxNesting), frames_.front());
         if (skipDepth_ > 0 || mainOnly_) {
             ++skipDepth_;
             return;
         }
-        if (!f.hasMove)
-            fail("Variation before any move", "(");
+        if (f.lastMove.empty())
+            fail("A variation", f);
         Node& node = f.line->moves.back();
         node.variations.emplace_back();
-        frames_.push_back(Frame{&node.variations.back(), f.lastPos, f.lastPos, false});
+        frames_.push_back(Frame{&node.variations.back(), f.lastPos, f.lastPos, {}});
     }
 
     void closeVariation() {
@@ -240,7 +239,8 @@ private:
             if (k == w.size())
                 return;
             if (k == digitsEnd)
-                fail("Unreadable move \"" + std::string(w) + "\"", w);
+                throw BoardError("Illegal move " + numberedMove(frames_.back().pos, w) +
+                                 ": not a move");
             w = w.substr(k);
         }
         if (w == "e.p." || w == "ep" || w.find_first_not_of("+#") == std::string_view::npos ||
@@ -257,12 +257,7 @@ private:
             return;
         }
         Frame& f = frames_.back();
-        SanResult san;
-        try {
-            san = readSan(f.pos, w);
-        } catch (const BoardError& e) {
-            fail(e.what(), w);
-        }
+        const SanResult san = readSan(f.pos, w);
         if (!mainOnly_) {
             Node node;
             node.move = san.move;
@@ -274,7 +269,7 @@ private:
         }
         f.lastPos = f.pos;
         f.pos.play(san.move);
-        f.hasMove = true;
+        f.lastMove = w;
     }
 
     std::string_view text_;

@@ -15,93 +15,57 @@ bool startsEscape(std::string_view w) {
 
 // Joins words into lines of at most 79 characters with CR LF between them. A line that the
 // importer would read as the end of a game (it ends like a result) or as an escape line (it
-// starts with "%") is avoided by breaking elsewhere; a single long word may exceed the width.
-std::string wrap(const std::vector<std::string>& words) {
-    std::vector<std::vector<const std::string*>> lines(1);
-    std::vector<size_t> widths(1, 0);
-    for (const std::string& w : words) {
-        auto& line = lines.back();
-        size_t& width = widths.back();
-        const size_t added = line.empty() ? w.size() : width + 1 + w.size();
-        if (line.empty() || added <= kLineWidth || startsEscape(w)) {
-            line.push_back(&w);
-            width = added;
-            continue;
+// starts with "%") is avoided by breaking before the run of result-like words that ends the
+// line, or by not breaking at all; a single long word may exceed the width. Each word is carried
+// to a new line at most once, so the time is linear even for a comment full of results.
+class LineWrapper {
+public:
+    void add(std::string_view w) {
+        const bool fits = words_ == lineStart_ || width_ + 1 + w.size() <= kLineWidth;
+        const bool canBreak = runStart_ > lineStart_ && (runStart_ == words_ || !runEscapes_);
+        if (!fits && !startsEscape(w) && canBreak) {
+            // A new line, carrying the result-like run with it.
+            std::string carried;
+            if (runStart_ < words_) {
+                carried = out_.substr(runOffset_);
+                out_.resize(runOffset_ - 1); // and the blank before it
+            }
+            out_ += "\r\n";
+            runOffset_ = out_.size();
+            out_ += carried;
+            lineStart_ = runStart_;
+            width_ = carried.size();
         }
-        // Carry words that would leave the line ending like a result over to the next line.
-        std::vector<const std::string*> carried;
-        while (line.size() > 1 && endsLikeResult(*line.back())) {
-            carried.insert(carried.begin(), line.back());
-            line.pop_back();
+        if (words_ > lineStart_) {
+            out_ += ' ';
+            ++width_;
         }
-        if (!carried.empty() && startsEscape(*carried.front())) {
-            line.insert(line.end(), carried.begin(), carried.end());
-            carried.clear();
+        if (runStart_ == words_) {
+            runOffset_ = out_.size();
+            runEscapes_ = startsEscape(w);
         }
-        if (endsLikeResult(*line.back())) {
-            // Nowhere to break: keep going on this line.
-            line.insert(line.end(), carried.begin(), carried.end());
-            line.push_back(&w);
-            width = added;
-            continue;
-        }
-        width = 0;
-        for (size_t k = 0; k < line.size(); ++k)
-            width += line[k]->size() + (k ? 1 : 0);
-        carried.push_back(&w);
-        size_t carriedWidth = 0;
-        for (size_t k = 0; k < carried.size(); ++k)
-            carriedWidth += carried[k]->size() + (k ? 1 : 0);
-        lines.push_back(carried);
-        widths.push_back(carriedWidth);
+        out_ += w;
+        width_ += w.size();
+        ++words_;
+        if (!endsLikeResult(w))
+            runStart_ = words_;
     }
-    std::string out;
-    for (size_t l = 0; l < lines.size(); ++l) {
-        if (l)
-            out += "\r\n";
-        for (size_t k = 0; k < lines[l].size(); ++k) {
-            if (k)
-                out += ' ';
-            out += *lines[l][k];
-        }
-    }
-    return out;
-}
+    std::string take() { return std::move(out_); }
 
-std::string cleanComment(const std::string& text) {
-    std::string out;
-    for (char c : text) {
-        if (c == '}')
-            continue;
-        out += (c == '\r' || c == '\n' || c == '\t') ? ' ' : c;
-    }
-    return out;
-}
+private:
+    std::string out_;
+    size_t words_ = 0;        // words added so far
+    size_t lineStart_ = 0;    // first word of the current line
+    size_t runStart_ = 0;     // first word of the result-like run that ends the line (or the next)
+    size_t runOffset_ = 0;    // where that run starts in `out_`
+    bool runEscapes_ = false; // the run's first word starts with "%"
+    size_t width_ = 0;
+};
 
+// Builds the words of the annotated text one at a time, so that a bracket can still be added to
+// the last word of a variation before it is placed.
 class AnnotatedWriter {
 public:
-    std::vector<std::string> words;
-
-    void comment(const std::string& text) {
-        const std::string clean = cleanComment(text);
-        std::vector<std::string> parts;
-        size_t i = 0;
-        while (i <= clean.size()) {
-            size_t j = clean.find(' ', i);
-            if (j == std::string::npos)
-                j = clean.size();
-            if (j > i)
-                parts.push_back(clean.substr(i, j - i));
-            i = j + 1;
-        }
-        if (parts.empty())
-            parts.push_back("");
-        parts.front().insert(0, "{");
-        parts.back() += "}";
-        for (auto& p : parts)
-            push(std::move(p));
-    }
-
     void line(const Line& line, Position pos, bool needNumber) {
         if (!line.leadComment.empty()) {
             comment(line.leadComment);
@@ -109,16 +73,18 @@ public:
         }
         for (const Node& node : line.moves) {
             // A move number stays on the line of its move.
-            const std::string number = std::to_string(pos.fullmoveNumber());
-            std::string san = writeSan(pos, node.move);
-            if (pos.sideToMove() == White)
-                san = number + ". " + san;
-            else if (needNumber)
-                san = number + "... " + san;
-            push(std::move(san));
+            beginWord();
+            if (pos.sideToMove() == White || needNumber) {
+                word_ += std::to_string(pos.fullmoveNumber());
+                word_ += pos.sideToMove() == White ? ". " : "... ";
+            }
+            word_ += writeSan(pos, node.move);
             needNumber = false;
-            for (int nag : node.nags)
-                push("$" + std::to_string(nag));
+            for (int nag : node.nags) {
+                beginWord();
+                word_ += '$';
+                word_ += std::to_string(nag);
+            }
             if (!node.comment.empty()) {
                 comment(node.comment);
                 needNumber = true;
@@ -128,26 +94,65 @@ public:
                     continue;
                 openNext_ = true;
                 this->line(variation, pos, true);
-                words.back() += ")";
+                word_ += ')';
                 needNumber = true;
             }
             pos.play(node.move);
         }
     }
 
-    void push(std::string w) {
-        if (openNext_) {
-            w.insert(0, "(");
-            openNext_ = false;
-        }
-        words.push_back(std::move(w));
+    std::string finish(std::string_view result) {
+        beginWord();
+        word_ += result;
+        beginWord();
+        return wrapper_.take();
     }
 
 private:
+    // Braces round the words of the text; a closing brace inside it and line breaks are dropped.
+    void comment(std::string_view text) {
+        bool any = false, inWord = false;
+        for (char c : text) {
+            if (c == '}')
+                continue;
+            if (c == ' ' || c == '\r' || c == '\n' || c == '\t') {
+                inWord = false;
+                continue;
+            }
+            if (!inWord) {
+                beginWord();
+                if (!any)
+                    word_ += '{';
+                any = inWord = true;
+            }
+            word_ += c;
+        }
+        if (!any) {
+            beginWord();
+            word_ += '{';
+        }
+        word_ += '}';
+    }
+
+    // Places the word built so far and starts the next.
+    void beginWord() {
+        if (started_)
+            wrapper_.add(word_);
+        started_ = true;
+        word_.clear();
+        if (openNext_) {
+            word_ += '(';
+            openNext_ = false;
+        }
+    }
+
+    LineWrapper wrapper_;
+    std::string word_;
+    bool started_ = false;
     bool openNext_ = false;
 };
 
-std::string glyphOf(const Node& node) {
+std::string_view glyphOf(const Node& node) {
     for (int nag : node.nags)
         if (nag >= 1 && nag <= 6)
             return nagGlyph(nag);
@@ -168,8 +173,7 @@ bool endsLikeResult(std::string_view line) {
 std::string writeAnnotated(const Game& game) {
     AnnotatedWriter w;
     w.line(game.main, game.start, true);
-    w.push(game.result);
-    return wrap(w.words);
+    return w.finish(game.result);
 }
 
 std::string writeList(const Game& game) {
@@ -177,7 +181,7 @@ std::string writeList(const Game& game) {
     Position pos = game.start;
     bool first = true;
     for (const Node& node : game.main.moves) {
-        const std::string san = writeSan(pos, node.move) + glyphOf(node);
+        const std::string san = writeSan(pos, node.move) + std::string(glyphOf(node));
         if (pos.sideToMove() == White) {
             if (!first)
                 out += "\r\n";
@@ -197,22 +201,24 @@ std::string writeList(const Game& game) {
 }
 
 std::string writeParagraph(const Game& game) {
-    std::vector<std::string> words;
+    LineWrapper wrapper;
     Position pos = game.start;
     bool first = true;
+    std::string word;
     for (const Node& node : game.main.moves) {
-        const std::string san = writeSan(pos, node.move) + glyphOf(node);
-        if (pos.sideToMove() == White)
-            words.push_back(std::to_string(pos.fullmoveNumber()) + "." + san);
-        else if (first)
-            words.push_back(std::to_string(pos.fullmoveNumber()) + "..." + san);
-        else
-            words.push_back(san);
+        word.clear();
+        if (pos.sideToMove() == White || first) {
+            word += std::to_string(pos.fullmoveNumber());
+            word += pos.sideToMove() == White ? "." : "...";
+        }
+        word += writeSan(pos, node.move);
+        word += glyphOf(node);
+        wrapper.add(word);
         first = false;
         pos.play(node.move);
     }
-    words.push_back(game.result);
-    return wrap(words);
+    wrapper.add(game.result);
+    return wrapper.take();
 }
 
 } // namespace tavlon

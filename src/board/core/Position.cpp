@@ -54,6 +54,12 @@ bool isDiagonal(int dir) {
     return dir >= 4;
 }
 
+// The clocks stop at the largest number a Forsyth string may give them.
+void countUp(int& counter) {
+    if (counter < kMaxCount)
+        ++counter;
+}
+
 } // namespace
 
 Position Position::start() {
@@ -182,17 +188,22 @@ void Position::pseudoMoves(MoveList& list, PieceType only, int target) const {
     }
 }
 
-bool Position::castleLegal(Color c, int side) const {
+Move Position::castleMove(int side) const {
+    const int rank = side_ == White ? 0 : 7;
+    return Move{uint8_t(king_[side_]), uint8_t(makeSquare(castle_[side_][side], rank)), NoType,
+                Move::Castle};
+}
+
+Position::CastleCheck Position::castleCheck(int side) const {
+    const Color c = side_;
     const int rookFile = castle_[c][side];
-    if (rookFile < 0 || c != side_)
-        return false;
     const int rank = c == White ? 0 : 7;
     const int kingFrom = king_[c];
-    if (kingFrom < 0 || rankOf(kingFrom) != rank)
-        return false;
+    if (rookFile < 0 || kingFrom < 0 || rankOf(kingFrom) != rank)
+        return CastleCheck::NoRight;
     const int rookFrom = makeSquare(rookFile, rank);
     if (board_[rookFrom] != makePiece(c, Rook))
-        return false;
+        return CastleCheck::NoRight;
     const int kingTo = makeSquare(side == 0 ? 6 : 2, rank);
     const int rookTo = makeSquare(side == 0 ? 5 : 3, rank);
     // Every square the king or the rook passes or lands on is empty but for the two of them.
@@ -203,24 +214,22 @@ bool Position::castleLegal(Color c, int side) const {
         return true;
     };
     if (!clear(kingFrom, kingTo) || !clear(rookFrom, rookTo))
-        return false;
+        return CastleCheck::Blocked;
+    if (inCheck())
+        return CastleCheck::InCheck;
     // The squares the king passes must be safe here; where it lands is checked like any move,
     // after the rook has moved (a Chess960 rook may have been shielding it).
     const Color them = Color(c ^ 1);
     for (int s = std::min(kingFrom, kingTo); s <= std::max(kingFrom, kingTo); ++s)
         if (attacked(s, them))
-            return false;
-    return isLegal(Move{uint8_t(kingFrom), uint8_t(rookFrom), NoType, Move::Castle});
+            return CastleCheck::Attacked;
+    return isLegal(castleMove(side)) ? CastleCheck::Legal : CastleCheck::Attacked;
 }
 
 void Position::addCastles(MoveList& list) const {
-    for (int side = 0; side < 2; ++side) {
-        if (castleLegal(side_, side)) {
-            const int rank = side_ == White ? 0 : 7;
-            const int rookFrom = makeSquare(castle_[side_][side], rank);
-            list.push(Move{uint8_t(king_[side_]), uint8_t(rookFrom), NoType, Move::Castle});
-        }
-    }
+    for (int side = 0; side < 2; ++side)
+        if (castleCheck(side) == CastleCheck::Legal)
+            list.push(castleMove(side));
 }
 
 int Position::castleKingTarget(Move m) {
@@ -366,10 +375,9 @@ bool Position::hasLegalMove() const {
 void Position::play(Move m) {
     const Color us = side_;
     const Color them = Color(us ^ 1);
-    const int oldEp = ep_;
     ep_ = -1;
     if (m.isNull()) {
-        ++halfmove_;
+        countUp(halfmove_);
     } else if (m.isCastle()) {
         const int rank = rankOf(m.from);
         const bool kingSide = m.to > m.from;
@@ -381,7 +389,7 @@ void Position::play(Move m) {
         board_[rookTo] = makePiece(us, Rook);
         king_[us] = kingTo;
         castle_[us][0] = castle_[us][1] = -1;
-        ++halfmove_;
+        countUp(halfmove_);
     } else {
         const Piece moving = board_[m.from];
         const Piece captured = board_[m.to];
@@ -404,13 +412,12 @@ void Position::play(Move m) {
         if (typeOf(moving) == Pawn || captured || (m.flags & Move::EnPassant))
             halfmove_ = 0;
         else
-            ++halfmove_;
+            countUp(halfmove_);
         if (typeOf(moving) == Pawn && std::abs(m.to - m.from) == 16)
             ep_ = (m.to + m.from) / 2;
     }
-    (void)oldEp;
     if (us == Black)
-        ++fullmove_;
+        countUp(fullmove_);
     side_ = them;
 }
 

@@ -42,6 +42,9 @@ constexpr int makeSquare(int file, int rank) {
     return file + 8 * rank;
 }
 
+// The halfmove clock and the move number never go beyond this.
+constexpr int kMaxCount = 2147483647;
+
 struct Move {
     enum Flag : uint8_t { Normal = 0, EnPassant = 1, Castle = 2, Null = 4, DoubleStep = 8 };
     uint8_t from = 0;
@@ -53,8 +56,14 @@ struct Move {
     bool isNull() const { return flags & Null; }
 };
 
+// Room for the moves of any position a Forsyth string can set up, not only of reachable ones.
+// A square not held by the side to move is reached by at most 16 of its pieces (the first on
+// each of eight rays, eight knights); promotions add at most 72 and castling 2. With n pieces of
+// its own the side has at most min(16 (64 - n) + 74, 27 n) <= 682 moves.
+constexpr int kMaxMoves = 688;
+
 struct MoveList {
-    std::array<Move, 256> moves;
+    std::array<Move, kMaxMoves> moves;
     int size = 0;
     void push(Move m) { moves[size++] = m; }
     const Move* begin() const { return moves.data(); }
@@ -81,7 +90,16 @@ public:
     void legalMoves(MoveList& list) const;
     // Legal moves of one piece type to one square (any type when NoType).
     void legalMovesTo(MoveList& list, PieceType type, int to) const;
+    // Moves by the rules of each piece, not yet checked for the king's safety.
+    void pseudoMovesTo(MoveList& list, PieceType type, int to) const {
+        pseudoMoves(list, type, to);
+    }
     bool isLegal(Move m) const;
+    // Castling for the side to move: side 0 = king side, 1 = queen side.
+    enum class CastleCheck { Legal, NoRight, Blocked, InCheck, Attacked };
+    CastleCheck castleCheck(int side) const;
+    // The castling move (king's square to rook's square); only meaningful with a right.
+    Move castleMove(int side) const;
     bool hasLegalMove() const;
     // Plays a legal move (or a null move).
     void play(Move m);
@@ -100,7 +118,6 @@ public:
 private:
     void pseudoMoves(MoveList& list, PieceType only, int target) const;
     void addCastles(MoveList& list) const;
-    bool castleLegal(Color c, int side) const;
     // Whether moving the piece on `from` to `to` uncovers an attack on its own king.
     bool pinnedAway(int from, int to) const;
     void sanitiseRights();

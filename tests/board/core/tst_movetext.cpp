@@ -55,6 +55,7 @@ private slots:
     void annotationsPerPly();
     void playingMoves();
     void loadFailureKeepsTheGame();
+    void deepestNesting();
     void corpusMatchesTheOracle();
     void corpusRoundTrips();
 };
@@ -107,17 +108,30 @@ void TestMoveText::readingErrors_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("message");
     QTest::newRow("illegal") << "1. e4 e5 2. Nf6 *"
-                             << "Illegal move \"Nf6\" at ply 3";
-    QTest::newRow("ambiguous") << "1. Nf3 d5 2. Nc3 d4 3. Nd2 *"
-                               << "Illegal move \"Nd2\" at ply 5";
-    QTest::newRow("unbalanced open") << "1. e4 (1. d4 *"
-                                     << "Unbalanced \"(\" at ply 2";
+                             << "Illegal move 2. Nf6: no knight can reach f6";
+    QTest::newRow("onto its own piece") << "1. Nf3 d5 2. Nc3 d4 3. Nd2 *"
+                                        << "Illegal move 3. Nd2: White's own pawn stands on d2";
+    QTest::newRow("ambiguous") << "1. Nc3 d5 2. e3 d4 3. Ne2 *"
+                               << "Ambiguous move 3. Ne2: knights on c3 and g1 can reach e2";
+    QTest::newRow("black's move") << "1. e4 e5 2. Nf3 Nf6 3. Nc3 Ng5"
+                                  << "Illegal move 3... Ng5: no knight can reach g5";
+    QTest::newRow("unreadable") << "1. e4 e5 2. 3x *"
+                                << "Illegal move 2. 3x: not a move";
+    QTest::newRow("in a variation") << "1. e4 (1. e5) *"
+                                    << "Illegal move 1. e5: no pawn can reach e5";
+    QTest::newRow("unbalanced open") << "1. e4 e5 (1... d5 (1... c5 *"
+                                     << "Unbalanced \"(\" after 1... e5";
     QTest::newRow("unbalanced close") << "1. e4 ) e5 *"
-                                      << "Unbalanced \")\" at ply 2";
+                                      << "Unbalanced \")\" after 1. e4";
     QTest::newRow("variation first") << "( 1. d4 ) 1. e4 *"
-                                     << "Variation before any move at ply 1";
-    QTest::newRow("illegal in a variation") << "1. e4 (1. e5) *"
-                                            << "Illegal move \"e5\" at ply 1";
+                                     << "A variation before the first move";
+    // Nesting is bounded, so that no reader or writer runs out of stack.
+    const QString limit = QStringLiteral("Variations nested deeper than 500 after 1. e4");
+    for (int depth : {501, 30000})
+        QTest::newRow(qPrintable(QStringLiteral("nested %1 deep").arg(depth)))
+            << "1. e4 " + QStringLiteral("(1. d4 ").repeated(depth) +
+                   QStringLiteral(")").repeated(depth) + " *"
+            << limit;
 }
 
 void TestMoveText::readingErrors() {
@@ -268,6 +282,21 @@ void TestMoveText::loadFailureKeepsTheGame() {
     QCOMPARE(g.ply(), 2);
     g.setPosition("4k3/8/8/8/8/8/8/4K3 b - - 0 1");
     QCOMPARE(q(g.forsythAt(0)), QStringLiteral("4k3/8/8/8/8/8/8/4K3 b - - 0 1"));
+}
+
+void TestMoveText::deepestNesting() {
+    std::string text = "1. e4 e5 ";
+    for (int i = 0; i < 500; ++i)
+        text += "(1... c5 ";
+    text += std::string(500, ')') + " *";
+    BoardGame g = loaded(text.c_str());
+    BoardGame again = loaded(g.movesAnnotated().c_str());
+    QCOMPARE(q(again.movesAnnotated()), q(g.movesAnnotated()));
+    // A move on the board that would push the old line one level deeper is refused.
+    QCOMPARE(g.playMove(11, 27, 'Q'), BoardGame::PlayOutcome::Illegal);
+    QCOMPARE(q(g.movesAnnotated()), q(again.movesAnnotated()));
+    g.gotoPly(1);
+    QCOMPARE(g.playMove(51, 35, 'Q'), BoardGame::PlayOutcome::Added); // 1... d5 beside them
 }
 
 void TestMoveText::corpusMatchesTheOracle() {

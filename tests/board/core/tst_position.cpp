@@ -54,6 +54,11 @@ void TestPosition::perftCounts_data() {
     QTest::newRow("position 6, 3")
         << "r4rk1/1pp1qppp/p1np1n2/2b1p1B1/2B1P1b1/P1NP1N2/1PP1QPPP/R4RK1 w - - 0 10" << 3
         << 89890LL;
+    // More moves than any game reaches (no engine counts this many).
+    QTest::newRow("24 queens") << "1QQQQQQK/Q5Q1/Q6Q/Q6Q/Q3Q3/Q5QQ/Q4Qnn/QQQQ1Qnk w - - 0 1" << 1
+                               << 259LL;
+    QTest::newRow("24 queens round a king in check")
+        << "1KQQQQQQ/1Q5Q/Q6Q/Q6Q/Q6Q/Q6Q/Q6Q/kQQQQQQ1 w - - 0 1" << 1 << 273LL;
     // Chess960, every count from Stockfish.
     QTest::newRow("960 middle game")
         << "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w HFhf - 2 9" << 3 << 12189LL;
@@ -103,6 +108,10 @@ void TestPosition::forsythRoundTrip_data() {
                                              << "4k3/8/8/3pP3/8/8/8/4K3 w - d6 0 2";
     QTest::newRow("two white kings pass") << "4k3/8/8/8/8/8/8/K3K3 w - - 0 1"
                                           << "4k3/8/8/8/8/8/8/K3K3 w - - 0 1";
+    QTest::newRow("the largest counts") << "4k3/8/8/8/8/8/8/4K3 w - - 2147483647 2147483647"
+                                        << "4k3/8/8/8/8/8/8/4K3 w - - 2147483647 2147483647";
+    QTest::newRow("larger counts stop there") << "4k3/8/8/8/8/8/8/4K3 w - - 99999999999 99999999999"
+                                              << "4k3/8/8/8/8/8/8/4K3 w - - 2147483647 2147483647";
     QTest::newRow("shredder letters in a 960 position")
         << "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w HFhf - 2 9"
         << "bqnb1rkr/pp3ppp/3ppn2/2p5/5P2/P2P4/NPP1P1PP/BQ1BNRKR w KFkf - 2 9";
@@ -164,6 +173,9 @@ void TestPosition::sanReading_data() {
         << "4k3/8/3P4/8/8/8/8/4K3 b - - 0 2";
     QTest::newRow("null move") << kStart << QStringList{"--", "e5"}
                                << "rnbqkbnr/pppp1ppp/8/4p3/8/8/PPPPPPPP/RNBQKBNR w KQkq e6 0 2";
+    QTest::newRow("counts at their largest stay there")
+        << "4k3/8/8/8/8/8/8/4K3 b - - 2147483647 2147483647" << QStringList{"Kd7", "--"}
+        << "8/3k4/8/8/8/8/8/4K3 b - - 2147483647 2147483647";
     QTest::newRow("pinned knight is not a candidate")
         << "4r1k1/8/8/8/8/8/4N3/1N2K3 w - - 0 1" << QStringList{"Nc3"}
         << "4r1k1/8/8/8/8/2N5/4N3/4K3 b - - 1 1";
@@ -183,15 +195,36 @@ void TestPosition::sanRefusals_data() {
     QTest::addColumn<QString>("fen");
     QTest::addColumn<QString>("move");
     QTest::addColumn<QString>("message");
-    QTest::newRow("illegal") << kStart << "e5"
-                             << "Illegal move \"e5\"";
-    QTest::newRow("ambiguous") << "4k3/8/8/8/8/8/8/1N2KN2 w - - 0 1"
-                               << "Nd2"
-                               << "Ambiguous move \"Nd2\"";
+    const QString knights = "4k3/8/8/8/8/8/8/1N2KN2 w - - 0 1";
+    const QString castles = "r3k2r/8/8/8/8/8/3r4/R3K2R w Qkq - 0 1";
+    QTest::newRow("no piece reaches") << kStart << "e5"
+                                      << "Illegal move 1. e5: no pawn can reach e5";
+    QTest::newRow("none from there") << knights << "Ncd2"
+                                     << "Illegal move 1. Ncd2: no knight on file c can reach d2";
+    QTest::newRow("pinned") << "4r1k1/8/8/8/8/8/4N3/4K3 w - - 0 1"
+                            << "Nc3"
+                            << "Illegal move 1. Nc3: the king would be in check";
+    QTest::newRow("ambiguous") << knights << "Nd2"
+                               << "Ambiguous move 1. Nd2: knights on b1 and f1 can reach d2";
     QTest::newRow("garbage") << kStart << "xyz"
-                             << "Illegal move \"xyz\"";
-    QTest::newRow("castling not allowed") << kStart << "O-O"
-                                          << "Illegal move \"O-O\"";
+                             << "Illegal move 1. xyz: not a move";
+    QTest::newRow("coordinates from an empty square")
+        << kStart << "e3e4"
+        << "Illegal move 1. e3e4: White has no piece on e3";
+    QTest::newRow("promotion short of the last rank")
+        << kStart << "e4=Q"
+        << "Illegal move 1. e4=Q: only a pawn reaching the last rank promotes";
+    QTest::newRow("castling blocked") << kStart << "O-O"
+                                      << "Illegal move 1. O-O: pieces stand in the way";
+    QTest::newRow("castling right gone") << castles << "O-O"
+                                         << "Illegal move 1. O-O: White has no right to castle "
+                                            "king side";
+    QTest::newRow("castling through an attack")
+        << castles << "O-O-O"
+        << "Illegal move 1. O-O-O: the king would cross or land on an attacked square";
+    QTest::newRow("null move in check") << "4k3/8/8/8/8/8/8/r3K3 w - - 0 9"
+                                        << "--"
+                                        << "Illegal move 9. --: the king is in check";
 }
 
 void TestPosition::sanRefusals() {
