@@ -32,30 +32,34 @@ int replay(const std::vector<std::string>& args) {
         return 2;
     const std::string text = readFile(args[0]);
     const auto t0 = std::chrono::steady_clock::now();
-    const std::vector<PgnGame> games = splitPgn(text);
     long plies = 0, refused = 0;
     std::string out;
-    out.reserve(games.size() * 80);
+    out.reserve(text.size() / 4);
     int n = 0;
-    for (const PgnGame& g : games) {
+    PgnFile file(text);
+    MainLine line;
+    while (file.nextGame()) {
         ++n;
         try {
-            const Position start = startOf(g);
-            const Game game = readMoveText(g.moves, start, true);
-            const Position& pos = game.end;
-            plies += long(game.main.moves.size());
-            char head[32];
-            std::snprintf(head, sizeof head, "%d %zu ", n, game.main.moves.size());
-            out += head;
-            out += pos.forsyth();
-            out += '\n';
-        } catch (const BoardError& e) {
+            file.readMainLine(file.start(), line);
+        } catch (const BoardError& e) { // of the FEN tag
+            file.skipMoves();
+            line.error = e.what();
+        }
+        if (!line.error.empty()) {
             ++refused;
             out += std::to_string(n);
             out += " REFUSED ";
-            out += e.what();
+            out += line.error;
             out += '\n';
+            continue;
         }
+        plies += long(line.moves.size());
+        char head[32];
+        std::snprintf(head, sizeof head, "%d %zu ", n, line.moves.size());
+        out += head;
+        out += line.end.forsyth();
+        out += '\n';
     }
     const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
     std::fwrite(out.data(), 1, out.size(), stdout);

@@ -29,7 +29,6 @@ struct Game {
     Position start = Position::start();
     Line main; // main.leadComment is the annotation of ply 0
     std::string result = "*";
-    Position end = Position::start(); // after the main line's last move
 };
 
 // Variations may nest this deep; deeper text is refused, so that nothing that walks the tree
@@ -37,9 +36,26 @@ struct Game {
 constexpr size_t kMaxNesting = 500;
 
 // Reads stored move text. Throws BoardError naming the move and what is wrong with it when the
-// text cannot be played. With `mainLineOnly`, variations and comments are checked for balance but
-// not kept or played (a quick replay).
-Game readMoveText(std::string_view text, const Position& start, bool mainLineOnly = false);
+// text cannot be played.
+Game readMoveText(std::string_view text, const Position& start);
+
+class PgnLexer;
+
+// The main line of a game in a file, as a replay needs it.
+struct MainLine {
+    std::vector<Move> moves;
+    Position end;                  // after the last move played
+    std::string_view result = "*"; // "1-0", "0-1", "1/2-1/2" or "*"
+    std::string error;             // why the game was refused; empty when it was not
+};
+
+// Reads the move text of one game of a PGN file from where `lexer` stands to the game's end (a
+// result outside variations, the "[" of the next game's tags, or the end of the file), playing
+// the main line from `start`. Variations are checked for balance but not played. A refused game
+// is still read to its end. Leaves `lexer` there.
+void readMainLine(PgnLexer& lexer, const Position& start, MainLine& line);
+// The same without playing anything: only moves `lexer` to the game's end.
+void skipMoveText(PgnLexer& lexer);
 
 // The three move texts: CR LF between lines, none after the last.
 std::string writeAnnotated(const Game& game);

@@ -1,10 +1,12 @@
 // Reading PGN move text: move numbers, comments, NAGs, variations, escape lines and results.
+// One reader serves the board (the whole tree), a replay (the main line only) and the file
+// reader (only where the game ends); all three end a game by the same rules.
 
 #include "BoardError.h"
 #include "MoveText.h"
+#include "PgnLexer.h"
 #include "San.h"
 
-#include <algorithm>
 #include <cctype>
 
 namespace tavlon {
@@ -13,38 +15,6 @@ namespace {
 
 bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
-}
-bool isDelimiter(char c) {
-    return isSpace(c) || c == '{' || c == '}' || c == '(' || c == ')' || c == ';' || c == '$';
-}
-
-// The result a word stands for ("1-0", "0-1", "1/2-1/2", "*"), or "" when it is none. Files
-// spell results in more ways than the standard: halves, en dashes, a lone "1/2", and the forfeit
-// marks of tournament files ("+--" White wins, "--+" Black wins).
-std::string_view resultOf(std::string_view w) {
-    static constexpr std::pair<std::string_view, std::string_view> kSpellings[] = {
-        {"1-0", "1-0"},
-        {"0-1", "0-1"},
-        {"1/2-1/2", "1/2-1/2"},
-        {"*", "*"},
-        {"1/2", "1/2-1/2"},
-        {"\xC2\xBD-\xC2\xBD", "1/2-1/2"},
-        {"1\xE2\x80\x93"
-         "0",
-         "1-0"},
-        {"0\xE2\x80\x93"
-         "1",
-         "0-1"},
-        {"1/2\xE2\x80\x93"
-         "1/2",
-         "1/2-1/2"},
-        {"+--", "1-0"},
-        {"--+", "0-1"},
-    };
-    for (const auto& [spelling, result] : kSpellings)
-        if (w == spelling)
-            return result;
-    return {};
 }
 
 // Comment text as kept: whitespace runs become one blank, none at the ends, and no "}" (which
@@ -72,7 +42,7 @@ void appendComment(std::string& to, std::string_view text) {
 }
 
 struct Frame {
-    Line* line;
+    Line* line;                // null when the line is not kept
     Position pos;              // before the next move of this line
     Position lastPos;          // before the line's last move
     std::string_view lastMove; // that move as written; empty before the first
@@ -80,99 +50,84 @@ struct Frame {
 
 class Reader {
 public:
-    Reader(std::string_view text, const Position& start, bool mainOnly)
-        : text_(text), start_(start), mainOnly_(mainOnly) {}
+    enum Mode {
+        Tree,     // the whole game, for the board
+        MainLine, // the main line played, variations and comments passed over
+        Scan,     // nothing played: only where the game ends
+    };
 
-    Game run() {
-        Game game;
-        game.start = start_;
-        frames_.push_back(Frame{&game.main, start_, start_, {}});
-        size_t i = 0;
-        bool lineStart = true;
-        const size_t n = text_.size();
-        while (i < n) {
-            const char c = text_[i];
-            if (c == '\n' || c == '\r') {
-                lineStart = true;
-                ++i;
-                continue;
-            }
-            if (lineStart && c == '%') {
-                while (i < n && text_[i] != '\n' && text_[i] != '\r')
-                    ++i;
-                continue;
-            }
-            lineStart = false;
-            if (isSpace(c)) {
-                ++i;
-                continue;
-            }
-            if (c == '{') {
-                const size_t close = text_.find('}', i + 1);
-                const size_t stop = close == std::string_view::npos ? n : close;
-                comment(text_.substr(i + 1, stop - i - 1));
-                i = close == std::string_view::npos ? n : close + 1;
-                continue;
-            }
-            if (c == ';') {
-                size_t stop = i + 1;
-                while (stop < n && text_[stop] != '\n' && text_[stop] != '\r')
-                    ++stop;
-                comment(text_.substr(i + 1, stop - i - 1));
-                i = stop;
-                continue;
-            }
-            if (c == '(') {
-                openVariation();
-                ++i;
-                continue;
-            }
-            if (c == ')') {
-                if (frames_.size() + skipDepth_ <= 1)
-                    fail("Unbalanced \")\"", frames_.back());
-                closeVariation();
-                ++i;
-                continue;
-            }
-            if (c == '}') {
-                ++i; // a stray brace closes nothing
-                continue;
-            }
-            size_t stop = i + 1;
-            if (c == '$') {
-                while (stop < n && std::isdigit(static_cast<unsigned char>(text_[stop])))
-                    ++stop;
-                int value = 0;
-                for (size_t k = i + 1; k < stop; ++k)
-                    value = std::min(value * 10 + (text_[k] - '0'), 1000); // no overflow
-                nag(value);
-                i = stop;
-                continue;
-            }
-            while (stop < n && !isDelimiter(text_[stop]))
-                ++stop;
-            const std::string_view word = text_.substr(i, stop - i);
-            i = stop;
-            if (const std::string_view result = resultOf(word); !result.empty()) {
-                if (frames_.size() == 1 && skipDepth_ == 0) {
-                    game.result = std::string(result);
-                    break; // the rest of the text is not part of the game
-                }
-                continue;
-            }
-            this->word(word);
-            if (!gluedResult_.empty()) {
-                game.result = gluedResult_;
-                break;
+    Reader(PgnLexer& lexer, Mode mode) : lexer_(lexer), mode_(mode) {}
+
+    // Reads up to the end of the game: a result outside variations, the end of the text, and in
+    // a file (MainLine and Scan) also a "[" outside variations, where the next game's tags begin.
+    // `line` is the main line's Line in Tree mode.
+    void run(const Position& start, Line* line, std::vector<Move>* moves) {
+        moves_ = moves;
+        frames_.push_back(Frame{line, start, start, {}});
+        for (;;) {
+            try {
+                if (!step())
+                    return;
+            } catch (const BoardError& e) {
+                if (mode_ == Tree)
+                    throw;
+                error_ = e.what();
+                mode_ = Scan;
             }
         }
-        if (frames_.size() > 1 || skipDepth_ > 0)
-            fail("Unbalanced \"(\"", frames_.front());
-        game.end = frames_.front().pos;
-        return game;
     }
 
+    // In MainLine mode a refused move does not stop the reading: the rest is scanned for the
+    // game's end, and the refusal kept here.
+    const std::string& error() const { return error_; }
+    std::string_view result() const { return result_.empty() ? "*" : result_; }
+    const Position& position() const { return frames_.front().pos; }
+
 private:
+    size_t depth() const { return frames_.size() - 1 + skipDepth_; }
+
+    // Reads one token; false at the end of the game.
+    bool step() {
+        const PgnToken t = lexer_.next();
+        switch (t.kind) {
+        case PgnToken::End:
+            if (depth() > 0 && mode_ != Scan)
+                fail("Unbalanced \"(\"", frames_.front());
+            return false;
+        case PgnToken::Comment:
+            comment(t.text);
+            break;
+        case PgnToken::Open:
+            openVariation();
+            break;
+        case PgnToken::Close:
+            closeVariation();
+            break;
+        case PgnToken::Nag:
+            nag(t.value);
+            break;
+        case PgnToken::Tag:
+            if (mode_ == Tree)
+                refuse(t.text);
+            if (depth() == 0) {
+                lexer_.rewind(t); // the next game's tags
+                return false;
+            }
+            break;
+        case PgnToken::Word:
+            if (const std::string_view r = resultOf(t.text); !r.empty()) {
+                if (depth() == 0) {
+                    result_ = r;
+                    return false; // the rest of the text is not part of the game
+                }
+                break;
+            }
+            word(t.text);
+            return result_.empty();
+        }
+        return true;
+    }
+
     // `what` after the last move read in that line.
     [[noreturn]] static void fail(const std::string& what, const Frame& where) {
         if (where.lastMove.empty())
@@ -180,10 +135,15 @@ private:
         throw BoardError(what + " after " + numberedMove(where.lastPos, where.lastMove));
     }
 
+    [[noreturn]] void refuse(std::string_view token) const {
+        throw BoardError("Illegal move " + numberedMove(frames_.back().pos, token) +
+                         ": not a move");
+    }
+
     void comment(std::string_view text) {
-        if (skipDepth_ > 0 || mainOnly_)
-            return;
         Frame& f = frames_.back();
+        if (mode_ != Tree)
+            return;
         if (f.line->moves.empty())
             appendComment(f.line->leadComment, text);
         else
@@ -191,18 +151,18 @@ private:
     }
 
     void nag(int value) {
-        if (skipDepth_ > 0 || mainOnly_ || value <= 0 || value > 255)
-            return;
         Frame& f = frames_.back();
+        if (mode_ != Tree || value <= 0 || value > 255)
+            return;
         if (!f.line->moves.empty())
             f.line->moves.back().nags.push_back(value);
     }
 
     void openVariation() {
         Frame& f = frames_.back();
-        if (frames_.size() + skipDepth_ > kMaxNesting)
+        if (mode_ != Scan && depth() + 1 > kMaxNesting)
             fail("Variations nested deeper than " + std::to_string(kMaxNesting), frames_.front());
-        if (skipDepth_ > 0 || mainOnly_) {
+        if (mode_ != Tree) {
             ++skipDepth_;
             return;
         }
@@ -214,6 +174,11 @@ private:
     }
 
     void closeVariation() {
+        if (depth() == 0) {
+            if (mode_ != Scan)
+                fail("Unbalanced \")\"", frames_.back());
+            return;
+        }
         if (skipDepth_ > 0) {
             --skipDepth_;
             return;
@@ -234,13 +199,15 @@ private:
             while (k < w.size() && std::isdigit(static_cast<unsigned char>(w[k])))
                 ++k;
             const size_t digitsEnd = k;
-            while (k < w.size() && (w[k] == '.' || w[k] == ' '))
+            while (k < w.size() && w[k] == '.')
                 ++k;
             if (k == w.size())
                 return;
-            if (k == digitsEnd)
-                throw BoardError("Illegal move " + numberedMove(frames_.back().pos, w) +
-                                 ": not a move");
+            if (k == digitsEnd) {
+                if (mode_ == Scan)
+                    return;
+                refuse(w);
+            }
             w = w.substr(k);
         }
         if (w == "e.p." || w == "ep" || w.find_first_not_of("+#") == std::string_view::npos ||
@@ -249,41 +216,65 @@ private:
         // A result glued to the last move, as in "h6*".
         if (w.size() > 1 && w.back() == '*' && frames_.size() == 1) {
             word(w.substr(0, w.size() - 1));
-            gluedResult_ = "*";
+            result_ = "*";
             return;
         }
+        if (mode_ == Scan)
+            return;
         if (w.find_first_not_of("!?") == std::string_view::npos) {
             nag(glyphNag(w));
             return;
         }
         Frame& f = frames_.back();
         const SanResult san = readSan(f.pos, w);
-        if (!mainOnly_) {
+        if (mode_ == Tree) {
             Node node;
             node.move = san.move;
             if (san.nag)
                 node.nags.push_back(san.nag);
             f.line->moves.push_back(std::move(node));
-        } else {
-            f.line->moves.push_back(Node{san.move, {}, {}, {}});
+        } else if (moves_) {
+            moves_->push_back(san.move);
         }
         f.lastPos = f.pos;
         f.pos.play(san.move);
         f.lastMove = w;
     }
 
-    std::string_view text_;
-    Position start_;
-    bool mainOnly_;
+    PgnLexer& lexer_;
+    Mode mode_;
     std::vector<Frame> frames_;
-    int skipDepth_ = 0;
-    std::string gluedResult_;
+    std::vector<Move>* moves_ = nullptr;
+    size_t skipDepth_ = 0;
+    std::string_view result_;
+    std::string error_;
 };
 
 } // namespace
 
-Game readMoveText(std::string_view text, const Position& start, bool mainLineOnly) {
-    return Reader(text, start, mainLineOnly).run();
+Game readMoveText(std::string_view text, const Position& start) {
+    Game game;
+    game.start = start;
+    PgnLexer lexer(text);
+    Reader reader(lexer, Reader::Tree);
+    reader.run(start, &game.main, nullptr);
+    game.result = std::string(reader.result());
+    return game;
+}
+
+void readMainLine(PgnLexer& lexer, const Position& start, MainLine& line) {
+    line.moves.clear();
+    line.error.clear();
+    Reader reader(lexer, Reader::MainLine);
+    reader.run(start, nullptr, &line.moves);
+    line.error = reader.error();
+    line.end = reader.position();
+    line.result = reader.result();
+}
+
+void skipMoveText(PgnLexer& lexer) {
+    Reader reader(lexer, Reader::Scan);
+    reader.run(Position::start(), nullptr, nullptr);
 }
 
 } // namespace tavlon

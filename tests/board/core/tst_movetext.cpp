@@ -325,9 +325,22 @@ void TestMoveText::corpusMatchesTheOracle() {
         QFile pgnFile(path);
         if (!oracleFile.open(QIODevice::ReadOnly) || !pgnFile.open(QIODevice::ReadOnly))
             continue;
+        // Each game as a replay sees it: plies and the position reached, or why it was refused.
         const QByteArray bytes = pgnFile.readAll();
-        const std::vector<PgnGame> games =
-            splitPgn(std::string_view(bytes.constData(), size_t(bytes.size())));
+        QStringList games;
+        PgnFile file(std::string_view(bytes.constData(), size_t(bytes.size())));
+        MainLine line;
+        while (file.nextGame()) {
+            try {
+                file.readMainLine(file.start(), line);
+            } catch (const BoardError& e) {
+                file.skipMoves();
+                line.error = e.what();
+            }
+            games << (line.error.empty() ? QString::number(line.moves.size()) + u' ' +
+                                               comparable(q(line.end.forsyth()))
+                                         : q(line.error));
+        }
         for (const QByteArray& raw : oracleFile.readAll().split('\n')) {
             const QList<QByteArray> f = raw.split(' ');
             bool numbered = false, counted = false;
@@ -336,19 +349,7 @@ void TestMoveText::corpusMatchesTheOracle() {
             if (!numbered || !counted || n < 1)
                 continue;
             const QString fen = QString::fromLatin1(raw.mid(f[0].size() + f[1].size() + 2));
-            QString mine = QStringLiteral("missing");
-            if (size_t(n) <= games.size()) {
-                const PgnGame& g = games[size_t(n - 1)];
-                try {
-                    const Position start =
-                        g.fen.empty() ? Position::start() : Position::fromForsyth(g.fen);
-                    const Game game = readMoveText(g.moves, start, true);
-                    mine = QString::number(game.main.moves.size()) + u' ' +
-                           comparable(q(game.end.forsyth()));
-                } catch (const BoardError& e) {
-                    mine = QString::fromUtf8(e.what());
-                }
-            }
+            const QString mine = games.value(n - 1, QStringLiteral("missing"));
             ++compared;
             if (mine != QString::number(plies) + u' ' + comparable(fen))
                 differences << relative + QStringLiteral(" game ") + QString::number(n) +
