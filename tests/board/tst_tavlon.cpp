@@ -43,6 +43,10 @@ int squareIndex(const QString& name) {
     return (name.at(0).unicode() - 'a') + 8 * (name.at(1).unicode() - '1');
 }
 
+tavlon::Piece pieceOn(const Tavlon& board, const QString& name) {
+    return board.boardGame().position().at(squareIndex(name));
+}
+
 // The centre of a square, worked out from the squares' rectangle and the side at the bottom.
 QPoint centreOf(const Tavlon& board, const QString& name) {
     const QRectF squares = board.squaresRect();
@@ -258,6 +262,41 @@ private slots:
         QCOMPARE(board->GameLength(), 3); // the game on the board survives
     }
 
+    void labelProperties_data() {
+        QTest::addColumn<QString>("forsyth");
+        QTest::addColumn<int>("ply");
+        QTest::addColumn<QStringList>(
+            "labels"); // fifty, move, list move, ep, on move, castle, move
+        const QString castles = QStringLiteral("r3k2r/8/8/8/8/8/4P3/R3K2R b KQkq - 99 30");
+        QTest::newRow("start") << castles << 0
+                               << QStringList{"49", "30", "0", "-", "Black", "KQkq", ""};
+        QTest::newRow("castled") << castles << 1
+                                 << QStringList{"50", "31", "30", "-", "White", "KQ", "O-O"};
+        QTest::newRow("double step")
+            << castles << 2 << QStringList{"0", "31", "31", "e3", "Black", "KQ", "e4"};
+        QTest::newRow("after Black's move")
+            << castles << 3 << QStringList{"0", "32", "31", "-", "White", "KQ", "Rf7"};
+        QTest::newRow("Chess960 rights") << "4k3/8/8/8/8/8/8/1R2K1R1 w BG - 0 1" << 0
+                                         << QStringList{"0", "1", "0", "-", "White", "GB", ""};
+    }
+    void labelProperties() {
+        QFETCH(QString, forsyth);
+        QFETCH(int, ply);
+        QFETCH(QStringList, labels);
+        board->LoadMovesFrom(forsyth, forsyth.endsWith(QLatin1String("30"))
+                                          ? QStringLiteral("30... O-O 31. e4 Rf7 *")
+                                          : QString());
+        board->GotoPly(int16_t(ply));
+        const QStringList shown{QString::number(board->FiftyMoveCount()),
+                                QString::number(board->MoveNumber()),
+                                QString::number(board->ListMoveNumber()),
+                                board->EPSquare(),
+                                board->OnMove(),
+                                board->CastleRights(),
+                                board->LastMoveText()};
+        QCOMPARE(shown, labels);
+    }
+
     void currentForsythFollowsRefresh() {
         QCOMPARE(board->CurrentForsyth().split(QLatin1Char(' ')).value(1), QStringLiteral("w"));
         board->LoadMoves(kGame);
@@ -322,7 +361,7 @@ private slots:
         board->LoadMoves(kGame);
         board->GotoPly(int16_t(startPly));
         board->setViewColor(view);
-        const char moved = board->boardGame().pieceAt(squareIndex(from));
+        const tavlon::Piece moved = pieceOn(*board, from);
         EventSpies spies(*board);
         if (byClicks)
             clickClick(*board, from, to);
@@ -334,8 +373,8 @@ private slots:
         QCOMPARE(board->GameChanged(), changed);
         QCOMPARE(board->selectedSquare(), -1);
         const bool played = !event.isEmpty();
-        QCOMPARE(board->boardGame().pieceAt(squareIndex(to)) == moved, played);
-        QCOMPARE(board->boardGame().pieceAt(squareIndex(from)) == moved, !played);
+        QCOMPARE(pieceOn(*board, to) == moved, played);
+        QCOMPARE(pieceOn(*board, from) == moved, !played);
     }
 
     void newLineKeepsTheOldOneAsVariation() {
@@ -390,7 +429,7 @@ private slots:
         EventSpies spies(*board);
         drag(*board, from, to);
         QCOMPARE(spies.raised(), QStringLiteral("MoveAdded"));
-        QCOMPARE(board->boardGame().pieceAt(squareIndex(to)), piece);
+        QCOMPARE(tavlon::pieceLetter(pieceOn(*board, to)), piece);
         QVERIFY(board->GameChanged());
     }
 
@@ -555,17 +594,17 @@ private slots:
         QFETCH(double, heightFactor);
         const qreal dpi = board->logicalDpiX();
         auto px = [dpi](int twips) { return twips * dpi / 1440.0; };
-        const QSize design(qRound(px(Tavlon::kDesignWidthTwips)),
-                           qRound(px(Tavlon::kDesignHeightTwips)));
+        const QSize design(qRound(px(tavlon::kDesignWidthTwips)),
+                           qRound(px(tavlon::kDesignHeightTwips)));
         QCOMPARE(board->sizeHint(), design);
         board->resize(qRound(design.width() * widthFactor), qRound(design.height() * heightFactor));
         const qreal scale = std::min(widthFactor, heightFactor);
         const QRectF squares = board->squaresRect();
         const qreal left = (board->width() - design.width() * scale) / 2;
         const qreal top = (board->height() - design.height() * scale) / 2;
-        QVERIFY(std::abs(squares.left() - (left + px(Tavlon::kSquaresLeftTwips) * scale)) <= 1);
-        QVERIFY(std::abs(squares.top() - (top + px(Tavlon::kSquaresTopTwips) * scale)) <= 1);
-        QVERIFY(std::abs(squares.width() - px(Tavlon::kSquaresSizeTwips) * scale) <= 1);
+        QVERIFY(std::abs(squares.left() - (left + px(tavlon::kSquaresLeftTwips) * scale)) <= 1);
+        QVERIFY(std::abs(squares.top() - (top + px(tavlon::kSquaresTopTwips) * scale)) <= 1);
+        QVERIFY(std::abs(squares.width() - px(tavlon::kSquaresSizeTwips) * scale) <= 1);
         QCOMPARE(squares.width(), squares.height());
         if (widthFactor == 1.0 && heightFactor == 1.0 && dpi == 96)
             QCOMPARE(squares, QRectF(22, 28, 269, 269));

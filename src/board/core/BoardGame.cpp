@@ -65,47 +65,12 @@ int BoardGame::gameLength() const {
     return int(game_.main.moves.size());
 }
 
-int BoardGame::fiftyMoveCount() const {
-    return positions_[size_t(ply_)].halfmoveClock() / 2;
-}
-int BoardGame::moveNumber() const {
-    return positions_[size_t(ply_)].fullmoveNumber();
-}
 int BoardGame::listMoveNumber() const {
     return ply_ == 0 ? 0 : positions_[size_t(ply_ - 1)].fullmoveNumber();
 }
 
-std::string BoardGame::epSquare() const {
-    const int ep = positions_[size_t(ply_)].epSquare();
-    if (ep < 0)
-        return "-";
-    return std::string{char('a' + fileOf(ep)), char('1' + rankOf(ep))};
-}
-
-std::string BoardGame::onMove() const {
-    return positions_[size_t(ply_)].sideToMove() == White ? "White" : "Black";
-}
-
-std::string BoardGame::castleRights() const {
-    const std::string f = positions_[size_t(ply_)].forsyth();
-    // The third field of the Forsyth string.
-    size_t a = f.find(' ');
-    a = f.find(' ', a + 1);
-    const size_t b = f.find(' ', a + 1);
-    return f.substr(a + 1, b - a - 1);
-}
-
 std::string BoardGame::lastMoveText() const {
     return ply_ == 0 ? std::string() : sans_[size_t(ply_ - 1)];
-}
-
-char BoardGame::pieceAt(int square) const {
-    static const char letters[] = " PNBRQK";
-    const Piece p = positions_[size_t(ply_)].at(square);
-    if (!p)
-        return ' ';
-    const char c = letters[typeOf(p)];
-    return colorOf(p) == White ? c : char(c + ('a' - 'A'));
 }
 
 std::optional<std::pair<int, int>> BoardGame::lastMove() const {
@@ -209,23 +174,10 @@ std::vector<int> BoardGame::legalTargets(int from) const {
     return targets;
 }
 
-bool BoardGame::isPromotion(int from, int to) const {
+BoardGame::PlayOutcome BoardGame::playMove(int from, int to, PieceType promotion) {
     MoveList moves;
     positions_[size_t(ply_)].legalMoves(moves);
-    for (Move m : moves)
-        if (m.from == from && m.to == to && m.promotion)
-            return true;
-    return false;
-}
-
-BoardGame::PlayOutcome BoardGame::playMove(int from, int to, char promotion) {
-    MoveList moves;
-    positions_[size_t(ply_)].legalMoves(moves);
-    const PieceType wanted = promotion == 'R'   ? Rook
-                             : promotion == 'B' ? Bishop
-                             : promotion == 'N' ? Knight
-                                                : Queen;
-    const std::optional<Move> chosen = chooseMove(moves, from, to, wanted);
+    const std::optional<Move> chosen = chooseMove(moves, from, to, promotion);
     if (!chosen)
         return PlayOutcome::Illegal;
     std::vector<Node>& line = game_.main.moves;

@@ -38,27 +38,6 @@ int toNumber(std::string_view s, int fallback) {
     return int(value);
 }
 
-PieceType pieceType(char c) {
-    switch (std::tolower(static_cast<unsigned char>(c))) {
-    case 'p':
-        return Pawn;
-    case 'n':
-        return Knight;
-    case 'b':
-        return Bishop;
-    case 'r':
-        return Rook;
-    case 'q':
-        return Queen;
-    case 'k':
-        return King;
-    default:
-        return NoType;
-    }
-}
-
-const char kLetters[] = " PNBRQK";
-
 } // namespace
 
 Position Position::fromForsyth(std::string_view text) {
@@ -80,7 +59,7 @@ Position Position::fromForsyth(std::string_view text) {
             if (file > 8)
                 throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
         } else {
-            const PieceType t = pieceType(c);
+            const PieceType t = typeOfLetter(char(std::toupper(static_cast<unsigned char>(c))));
             if (t == NoType)
                 throw BoardError(std::string("Unknown piece letter '") + c + "' in Forsyth string");
             if (file > 7)
@@ -159,7 +138,6 @@ Position Position::fromForsyth(std::string_view text) {
 }
 
 void Position::sanitiseRights() {
-    chess960_ = false;
     for (int c = 0; c < 2; ++c) {
         const int home = c == White ? 0 : 7;
         const int kingSq = king_[c];
@@ -170,12 +148,8 @@ void Position::sanitiseRights() {
             const bool ok = kingSq >= 0 && rankOf(kingSq) == home &&
                             board_[makeSquare(rf, home)] == makePiece(Color(c), Rook) &&
                             (side == 0 ? rf > fileOf(kingSq) : rf < fileOf(kingSq));
-            if (!ok) {
+            if (!ok)
                 castle_[c][side] = -1;
-                continue;
-            }
-            if (fileOf(kingSq) != 4 || rf != (side == 0 ? 7 : 0))
-                chess960_ = true;
         }
     }
 }
@@ -194,9 +168,7 @@ std::string Position::forsyth() const {
             if (empty)
                 s += char('0' + empty);
             empty = 0;
-            const char letter = kLetters[typeOf(p)];
-            s += colorOf(p) == White ? letter
-                                     : char(std::tolower(static_cast<unsigned char>(letter)));
+            s += pieceLetter(p);
         }
         if (empty)
             s += char('0' + empty);
@@ -210,10 +182,7 @@ std::string Position::forsyth() const {
             const int rf = castle_[c][side];
             if (rf < 0)
                 continue;
-            // A rook in its corner is K or Q; any other (Chess960) by its file letter.
-            const bool corner = rf == (side == 0 ? 7 : 0);
-            const char letter = corner ? (side == 0 ? 'K' : 'Q') : char('A' + rf);
-            rights += c == White ? letter : char(std::tolower(static_cast<unsigned char>(letter)));
+            rights += castleLetter(Color(c), side, rf);
         }
     }
     s += rights.empty() ? "-" : rights;

@@ -42,6 +42,28 @@ constexpr int makeSquare(int file, int rank) {
     return file + 8 * rank;
 }
 
+// The letters of the piece types, as Forsyth strings and SAN write them: White's upper case.
+constexpr char kPieceLetters[] = " PNBRQK";
+// The type of an upper-case letter of kPieceLetters; NoType for any other character.
+constexpr PieceType typeOfLetter(char upper) {
+    for (int t = Pawn; t <= King; ++t)
+        if (kPieceLetters[t] == upper)
+            return PieceType(t);
+    return NoType;
+}
+// A piece's letter: "PNBRQK" for White, "pnbrqk" for Black.
+constexpr char pieceLetter(Piece p) {
+    const char upper = kPieceLetters[typeOf(p)];
+    return colorOf(p) == White ? upper : char(upper - 'A' + 'a');
+}
+// The letter of a castling right in a Forsyth string: K or Q for a rook in its corner, the
+// rook's file for any other (Chess960); upper case for White. side 0 = king side.
+constexpr char castleLetter(Color c, int side, int rookFile) {
+    const bool corner = rookFile == (side == 0 ? 7 : 0);
+    const char upper = corner ? (side == 0 ? 'K' : 'Q') : char('A' + rookFile);
+    return c == White ? upper : char(upper - 'A' + 'a');
+}
+
 // The halfmove clock and the move number never go beyond this.
 constexpr int kMaxCount = 2147483647;
 
@@ -82,7 +104,6 @@ public:
     int kingSquare(Color c) const { return king_[c]; }
     // Rook file of a castling right, -1 when the right is gone. side 0 = king side, 1 = queen side.
     int castleRookFile(Color c, int side) const { return castle_[c][side]; }
-    bool chess960() const { return chess960_; }
 
     bool attacked(int sq, Color by) const;
     bool inCheck() const { return attacked(king_[side_], Color(side_ ^ 1)); }
@@ -129,7 +150,6 @@ private:
     int ep_ = -1;
     int halfmove_ = 0;
     int fullmove_ = 1;
-    bool chess960_ = false;
 };
 
 // Leaf nodes of the legal move tree to `depth` plies: the standard check of a move generator.

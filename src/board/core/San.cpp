@@ -10,38 +10,15 @@ namespace tavlon {
 
 namespace {
 
-const char kPieceLetters[] = "  NBRQK";
-
+// A piece letter of SAN: upper case, and no letter for a pawn.
 PieceType pieceFromLetter(char c) {
-    switch (c) {
-    case 'N':
-        return Knight;
-    case 'B':
-        return Bishop;
-    case 'R':
-        return Rook;
-    case 'Q':
-        return Queen;
-    case 'K':
-        return King;
-    default:
-        return NoType;
-    }
+    const PieceType t = typeOfLetter(c);
+    return t == Pawn ? NoType : t;
 }
 
 PieceType promotionFromLetter(char c) {
-    switch (std::toupper(static_cast<unsigned char>(c))) {
-    case 'N':
-        return Knight;
-    case 'B':
-        return Bishop;
-    case 'R':
-        return Rook;
-    case 'Q':
-        return Queen;
-    default:
-        return NoType;
-    }
+    const PieceType t = typeOfLetter(char(std::toupper(static_cast<unsigned char>(c))));
+    return t == Pawn || t == King ? NoType : t;
 }
 
 bool isFile(char c) {

@@ -51,7 +51,6 @@ private slots:
     void writers_data();
     void writers();
     void exportRules();
-    void boardValues();
     void annotationsPerPly();
     void playingMoves();
     void loadFailureKeepsTheGame();
@@ -205,30 +204,6 @@ void TestMoveText::exportRules() {
     QCOMPARE(q(again.movesAnnotated()), q(g.movesAnnotated()));
 }
 
-void TestMoveText::boardValues() {
-    BoardGame g;
-    g.loadMovesFrom("r3k2r/8/8/8/8/8/4P3/R3K2R b KQkq - 99 30", "30... O-O 31. e4 Rf7 *");
-    QCOMPARE(g.gameLength(), 3);
-    QCOMPARE(g.listMoveNumber(), 0);
-    QCOMPARE(g.fiftyMoveCount(), 49);
-    g.gotoPly(1);
-    QCOMPARE(g.fiftyMoveCount(), 50);
-    QCOMPARE(q(g.lastMoveText()), QStringLiteral("O-O"));
-    QCOMPARE(q(g.castleRights()), QStringLiteral("KQ"));
-    QCOMPARE(g.listMoveNumber(), 30);
-    QCOMPARE(g.moveNumber(), 31);
-    g.gotoPly(2);
-    QCOMPARE(q(g.epSquare()), QStringLiteral("e3"));
-    QCOMPARE(q(g.onMove()), QStringLiteral("Black"));
-    QCOMPARE(g.listMoveNumber(), 31);
-    QCOMPARE(q(g.movesAsList()), QStringLiteral("30... O-O\r\n31. e4 Rf7\r\n*"));
-    QCOMPARE(q(g.movesAsParagraph()), QStringLiteral("30...O-O 31.e4 Rf7 *"));
-    g.gotoPly(99);
-    QCOMPARE(g.ply(), 3);
-    g.gotoPly(-4);
-    QCOMPARE(g.ply(), 0);
-}
-
 void TestMoveText::annotationsPerPly() {
     BoardGame g = loaded("{zero} 1. e4 {one} e5 *");
     QCOMPARE(q(g.annotation()), QStringLiteral("zero"));
@@ -243,12 +218,12 @@ void TestMoveText::annotationsPerPly() {
 void TestMoveText::playingMoves() {
     BoardGame g = loaded("1. e4 e5 2. Nf3 Nc6 *");
     const int e2 = 12, e4 = 28, d2 = 11, d4 = 27;
-    QCOMPARE(g.playMove(e2, e4, 'Q'), BoardGame::PlayOutcome::SteppedNext);
+    QCOMPARE(g.playMove(e2, e4, Queen), BoardGame::PlayOutcome::SteppedNext);
     QCOMPARE(g.ply(), 1);
     QVERIFY(!g.changed());
-    QCOMPARE(g.playMove(e2, e4, 'Q'), BoardGame::PlayOutcome::Illegal);
+    QCOMPARE(g.playMove(e2, e4, Queen), BoardGame::PlayOutcome::Illegal);
     g.gotoPly(0);
-    QCOMPARE(g.playMove(d2, d4, 'Q'), BoardGame::PlayOutcome::Added);
+    QCOMPARE(g.playMove(d2, d4, Queen), BoardGame::PlayOutcome::Added);
     QVERIFY(g.changed());
     QCOMPARE(g.ply(), 1);
     QCOMPARE(g.gameLength(), 1);
@@ -256,20 +231,19 @@ void TestMoveText::playingMoves() {
     QCOMPARE(q(g.movesAnnotated()), QStringLiteral("1. d4 (1. e4 e5 2. Nf3 Nc6) *"));
     // Playing it again promotes the variation back.
     g.gotoPly(0);
-    QCOMPARE(g.playMove(e2, e4, 'Q'), BoardGame::PlayOutcome::Added);
+    QCOMPARE(g.playMove(e2, e4, Queen), BoardGame::PlayOutcome::Added);
     QCOMPARE(q(g.movesAnnotated()), QStringLiteral("1. e4 (1. d4) 1... e5 2. Nf3 Nc6 *"));
     QCOMPARE(g.gameLength(), 4);
     // Promotion takes the piece asked for; targets list the legal squares.
     BoardGame p;
     p.setPosition("4k3/P7/8/8/8/8/8/4K3 w - - 0 1");
-    QVERIFY(p.isPromotion(48, 56));
-    QCOMPARE(p.playMove(48, 56, 'N'), BoardGame::PlayOutcome::Added);
+    QCOMPARE(p.playMove(48, 56, Knight), BoardGame::PlayOutcome::Added);
     QCOMPARE(q(p.lastMoveText()), QStringLiteral("a8=N"));
     BoardGame c;
     c.loadMovesFrom("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1", "");
     const std::vector<int> targets = c.legalTargets(4);
     QVERIFY(std::find(targets.begin(), targets.end(), 6) != targets.end()); // O-O by g1
-    QCOMPARE(c.playMove(4, 6, 'Q'), BoardGame::PlayOutcome::Added);
+    QCOMPARE(c.playMove(4, 6, Queen), BoardGame::PlayOutcome::Added);
     QCOMPARE(q(c.lastMoveText()), QStringLiteral("O-O"));
 }
 
@@ -293,10 +267,10 @@ void TestMoveText::deepestNesting() {
     BoardGame again = loaded(g.movesAnnotated().c_str());
     QCOMPARE(q(again.movesAnnotated()), q(g.movesAnnotated()));
     // A move on the board that would push the old line one level deeper is refused.
-    QCOMPARE(g.playMove(11, 27, 'Q'), BoardGame::PlayOutcome::Illegal);
+    QCOMPARE(g.playMove(11, 27, Queen), BoardGame::PlayOutcome::Illegal);
     QCOMPARE(q(g.movesAnnotated()), q(again.movesAnnotated()));
     g.gotoPly(1);
-    QCOMPARE(g.playMove(51, 35, 'Q'), BoardGame::PlayOutcome::Added); // 1... d5 beside them
+    QCOMPARE(g.playMove(51, 35, Queen), BoardGame::PlayOutcome::Added); // 1... d5 beside them
 }
 
 void TestMoveText::corpusMatchesTheOracle() {

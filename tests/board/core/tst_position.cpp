@@ -6,6 +6,9 @@
 
 #include <QTest>
 
+#include <algorithm>
+#include <tuple>
+
 using namespace tavlon;
 
 namespace {
@@ -26,6 +29,8 @@ class TestPosition : public QObject {
 private slots:
     void perftCounts_data();
     void perftCounts();
+    void movesToASquare_data();
+    void movesToASquare();
     void forsythRoundTrip_data();
     void forsythRoundTrip();
     void forsythRefusals_data();
@@ -85,6 +90,56 @@ void TestPosition::perftCounts() {
     QFETCH(int, depth);
     QFETCH(qlonglong, nodes);
     QCOMPARE(qlonglong(perft(Position::fromForsyth(fen.toStdString()), depth)), nodes);
+}
+
+// At every node of the move tree, the moves to each square (of each piece type), as SAN reading
+// finds them, are exactly the legal moves there, castling aside.
+void TestPosition::movesToASquare_data() {
+    perftCounts_data();
+}
+
+namespace {
+
+QString movesToMismatch(const Position& pos, int depth) {
+    MoveList all;
+    pos.legalMoves(all);
+    for (int to = 0; to < 64; ++to) {
+        for (int type = NoType; type <= King; ++type) {
+            std::vector<Move> expected, found;
+            for (Move m : all)
+                if (!m.isCastle() && m.to == to &&
+                    (type == NoType || typeOf(pos.at(m.from)) == type))
+                    expected.push_back(m);
+            MoveList list;
+            pos.legalMovesTo(list, PieceType(type), to);
+            found.assign(list.begin(), list.end());
+            auto order = [](Move a, Move b) {
+                return std::tie(a.from, a.promotion) < std::tie(b.from, b.promotion);
+            };
+            std::sort(expected.begin(), expected.end(), order);
+            std::sort(found.begin(), found.end(), order);
+            if (expected != found)
+                return QString::fromStdString(pos.forsyth()) + QStringLiteral(" to ") +
+                       QString::number(to) + QStringLiteral(" type ") + QString::number(type);
+        }
+    }
+    if (depth > 1)
+        for (Move m : all) {
+            Position next = pos;
+            next.play(m);
+            if (const QString bad = movesToMismatch(next, depth - 1); !bad.isEmpty())
+                return bad;
+        }
+    return {};
+}
+
+} // namespace
+
+void TestPosition::movesToASquare() {
+    QFETCH(QString, fen);
+    QFETCH(int, depth);
+    QCOMPARE(movesToMismatch(Position::fromForsyth(fen.toStdString()), std::min(depth, 3)),
+             QString());
 }
 
 void TestPosition::forsythRoundTrip_data() {
