@@ -7,20 +7,24 @@
 #include "core/PgnFile.h"
 #include "core/Position.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 
 using namespace tavlon;
 
 namespace {
 
 std::string readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
+    std::string text;
+    if (std::FILE* f = std::fopen(path.c_str(), "rb")) {
+        std::fseek(f, 0, SEEK_END);
+        text.resize(size_t(std::max(0L, std::ftell(f))));
+        std::fseek(f, 0, SEEK_SET);
+        text.resize(std::fread(text.data(), 1, text.size(), f));
+        std::fclose(f);
+    }
+    return text;
 }
 
 Position startOf(const PgnGame& g) {

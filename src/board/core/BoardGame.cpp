@@ -99,13 +99,13 @@ void BoardGame::setAnnotation(std::string_view text) {
 }
 
 std::string BoardGame::movesAsList() const {
-    return writeList(game_);
+    return writeList(game_, &sans_);
 }
 std::string BoardGame::movesAsParagraph() const {
-    return writeParagraph(game_);
+    return writeParagraph(game_, &sans_);
 }
 std::string BoardGame::movesAnnotated() const {
-    return writeAnnotated(game_);
+    return writeAnnotated(game_, &sans_);
 }
 
 std::string BoardGame::result() const {

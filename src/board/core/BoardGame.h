@@ -77,7 +77,7 @@ private:
     int ply_ = 0;
     bool changed_ = false;
     std::vector<Position> positions_; // after 0, 1, ... plies of the main line
-    std::vector<std::string> sans_;   // of the moves that led there
+    SanList sans_;                    // of the moves that led there
 };
 
 } // namespace tavlon

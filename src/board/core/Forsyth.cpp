@@ -130,6 +130,9 @@ Position Position::fromForsyth(std::string_view text) {
                 pos.ep_ = sq;
         }
     }
+    pos.findCheckers();
+    const int waiting = pos.king_[pos.side_ ^ 1];
+    pos.exposed_ = pos.attacked(waiting, pos.side_);
     pos.halfmove_ = f.size() > 4 ? toNumber(f[4], 0) : 0;
     pos.fullmove_ = f.size() > 5 ? toNumber(f[5], 1) : 1;
     if (pos.fullmove_ < 1)
@@ -154,49 +157,56 @@ void Position::sanitiseRights() {
     }
 }
 
-std::string Position::forsyth() const {
-    std::string s;
-    s.reserve(90);
+void Position::appendForsyth(std::string& out) const {
+    // Written into a buffer of the longest string first: 71 characters of placement, side,
+    // rights, square and two counts of up to 10 digits, and five blanks.
+    char text[112];
+    char* p = text;
     for (int rank = 7; rank >= 0; --rank) {
         int empty = 0;
         for (int file = 0; file < 8; ++file) {
-            const Piece p = board_[makeSquare(file, rank)];
-            if (!p) {
+            const Piece piece = board_[makeSquare(file, rank)];
+            if (!piece) {
                 ++empty;
                 continue;
             }
             if (empty)
-                s += char('0' + empty);
+                *p++ = char('0' + empty);
             empty = 0;
-            s += pieceLetter(p);
+            *p++ = pieceLetter(piece);
         }
         if (empty)
-            s += char('0' + empty);
+            *p++ = char('0' + empty);
         if (rank)
-            s += '/';
+            *p++ = '/';
     }
-    s += side_ == White ? " w " : " b ";
-    std::string rights;
-    for (int c = 0; c < 2; ++c) {
-        for (int side = 0; side < 2; ++side) {
-            const int rf = castle_[c][side];
-            if (rf < 0)
-                continue;
-            rights += castleLetter(Color(c), side, rf);
-        }
-    }
-    s += rights.empty() ? "-" : rights;
-    s += ' ';
+    *p++ = ' ';
+    *p++ = side_ == White ? 'w' : 'b';
+    *p++ = ' ';
+    const char* rights = p;
+    for (Color c : {White, Black})
+        for (int side = 0; side < 2; ++side)
+            if (castle_[c][side] >= 0)
+                *p++ = castleLetter(c, side, castle_[c][side]);
+    if (p == rights)
+        *p++ = '-';
+    *p++ = ' ';
     if (ep_ >= 0) {
-        s += char('a' + fileOf(ep_));
-        s += char('1' + rankOf(ep_));
+        *p++ = char('a' + fileOf(ep_));
+        *p++ = char('1' + rankOf(ep_));
     } else {
-        s += '-';
+        *p++ = '-';
     }
-    s += ' ';
-    s += std::to_string(halfmove_);
-    s += ' ';
-    s += std::to_string(fullmove_);
+    for (int count : {halfmove_, fullmove_}) {
+        *p++ = ' ';
+        p = std::to_chars(p, text + sizeof text, count).ptr;
+    }
+    out.append(text, size_t(p - text));
+}
+
+std::string Position::forsyth() const {
+    std::string s;
+    appendForsyth(s);
     return s;
 }
 

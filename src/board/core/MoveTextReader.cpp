@@ -7,8 +7,6 @@
 #include "PgnLexer.h"
 #include "San.h"
 
-#include <cctype>
-
 namespace tavlon {
 
 namespace {
@@ -41,11 +39,25 @@ void appendComment(std::string& to, std::string_view text) {
     to += clean;
 }
 
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Whether every character of `w` is `a` or `b`.
+bool onlyOf(std::string_view w, char a, char b) {
+    for (char c : w)
+        if (c != a && c != b)
+            return false;
+    return true;
+}
+
 struct Frame {
     Line* line;                // null when the line is not kept
     Position pos;              // before the next move of this line
-    Position lastPos;          // before the line's last move
+    Position lastPos;          // before the line's last move (kept in Tree mode only)
     std::string_view lastMove; // that move as written; empty before the first
+    int lastNumber = 0;        // and its number
+    Color lastSide = White;
 };
 
 class Reader {
@@ -132,7 +144,8 @@ private:
     [[noreturn]] static void fail(const std::string& what, const Frame& where) {
         if (where.lastMove.empty())
             throw BoardError(what + " before the first move");
-        throw BoardError(what + " after " + numberedMove(where.lastPos, where.lastMove));
+        throw BoardError(what + " after " +
+                         numberedMove(where.lastNumber, where.lastSide, where.lastMove));
     }
 
     [[noreturn]] void refuse(std::string_view token) const {
@@ -194,9 +207,9 @@ private:
         if (skipDepth_ > 0)
             return;
         // Move numbers: "12", "12.", "12...", and "12.e4" with the move glued on.
-        if (std::isdigit(static_cast<unsigned char>(w[0])) && w.substr(0, 3) != "0-0") {
+        if (isDigit(w[0]) && w.substr(0, 3) != "0-0") {
             size_t k = 0;
-            while (k < w.size() && std::isdigit(static_cast<unsigned char>(w[k])))
+            while (k < w.size() && isDigit(w[k]))
                 ++k;
             const size_t digitsEnd = k;
             while (k < w.size() && w[k] == '.')
@@ -210,8 +223,8 @@ private:
             }
             w = w.substr(k);
         }
-        if (w == "e.p." || w == "ep" || w.find_first_not_of("+#") == std::string_view::npos ||
-            w.find_first_not_of('.') == std::string_view::npos)
+        // Check signs, dots and an en passant remark on their own say nothing.
+        if (onlyOf(w, '+', '#') || onlyOf(w, '.', '.') || w == "e.p." || w == "ep")
             return;
         // A result glued to the last move, as in "h6*".
         if (w.size() > 1 && w.back() == '*' && frames_.size() == 1) {
@@ -221,7 +234,7 @@ private:
         }
         if (mode_ == Scan)
             return;
-        if (w.find_first_not_of("!?") == std::string_view::npos) {
+        if (onlyOf(w, '!', '?')) {
             nag(glyphNag(w));
             return;
         }
@@ -236,9 +249,12 @@ private:
         } else if (moves_) {
             moves_->push_back(san.move);
         }
-        f.lastPos = f.pos;
-        f.pos.play(san.move);
+        if (mode_ == Tree)
+            f.lastPos = f.pos;
         f.lastMove = w;
+        f.lastNumber = f.pos.fullmoveNumber();
+        f.lastSide = f.pos.sideToMove();
+        f.pos.play(san.move);
     }
 
     PgnLexer& lexer_;

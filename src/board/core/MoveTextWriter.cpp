@@ -66,19 +66,21 @@ private:
 // the last word of a variation before it is placed.
 class AnnotatedWriter {
 public:
-    void line(const Line& line, Position pos, bool needNumber) {
+    // `sans` holds the line's moves written already, when someone has.
+    void line(const Line& line, Position pos, bool needNumber, const SanList* sans) {
         if (!line.leadComment.empty()) {
             comment(line.leadComment);
             needNumber = true;
         }
-        for (const Node& node : line.moves) {
+        for (size_t i = 0; i < line.moves.size(); ++i) {
+            const Node& node = line.moves[i];
             // A move number stays on the line of its move.
             beginWord();
             if (pos.sideToMove() == White || needNumber) {
                 word_ += std::to_string(pos.fullmoveNumber());
                 word_ += pos.sideToMove() == White ? ". " : "... ";
             }
-            word_ += writeSan(pos, node.move);
+            word_ += sans ? (*sans)[i] : writeSan(pos, node.move);
             needNumber = false;
             for (int nag : node.nags) {
                 beginWord();
@@ -93,7 +95,7 @@ public:
                 if (variation.moves.empty() && variation.leadComment.empty())
                     continue;
                 openNext_ = true;
-                this->line(variation, pos, true);
+                this->line(variation, pos, true, nullptr);
                 word_ += ')';
                 needNumber = true;
             }
@@ -170,18 +172,20 @@ bool endsLikeResult(std::string_view line) {
     return false;
 }
 
-std::string writeAnnotated(const Game& game) {
+std::string writeAnnotated(const Game& game, const SanList* sans) {
     AnnotatedWriter w;
-    w.line(game.main, game.start, true);
+    w.line(game.main, game.start, true, sans);
     return w.finish(game.result);
 }
 
-std::string writeList(const Game& game) {
+std::string writeList(const Game& game, const SanList* sans) {
     std::string out;
     Position pos = game.start;
     bool first = true;
-    for (const Node& node : game.main.moves) {
-        const std::string san = writeSan(pos, node.move) + std::string(glyphOf(node));
+    for (size_t i = 0; i < game.main.moves.size(); ++i) {
+        const Node& node = game.main.moves[i];
+        const std::string san =
+            (sans ? (*sans)[i] : writeSan(pos, node.move)) + std::string(glyphOf(node));
         if (pos.sideToMove() == White) {
             if (!first)
                 out += "\r\n";
@@ -200,18 +204,19 @@ std::string writeList(const Game& game) {
     return out;
 }
 
-std::string writeParagraph(const Game& game) {
+std::string writeParagraph(const Game& game, const SanList* sans) {
     LineWrapper wrapper;
     Position pos = game.start;
     bool first = true;
     std::string word;
-    for (const Node& node : game.main.moves) {
+    for (size_t i = 0; i < game.main.moves.size(); ++i) {
+        const Node& node = game.main.moves[i];
         word.clear();
         if (pos.sideToMove() == White || first) {
             word += std::to_string(pos.fullmoveNumber());
             word += pos.sideToMove() == White ? "." : "...";
         }
-        word += writeSan(pos, node.move);
+        word += sans ? (*sans)[i] : writeSan(pos, node.move);
         word += glyphOf(node);
         wrapper.add(word);
         first = false;

@@ -146,6 +146,10 @@ std::string tagValue(std::string_view tag, std::string_view name) {
 // Files spell results in more ways than the standard: halves, en dashes, a lone "1/2", and the
 // forfeit marks of tournament files ("+--" White wins, "--+" Black wins).
 std::string_view resultOf(std::string_view w) {
+    // Every spelling begins with one of these; moves never do.
+    const char c = w[0];
+    if (c != '1' && c != '0' && c != '*' && c != '+' && c != '-' && c != '\xC2')
+        return {};
     static constexpr std::pair<std::string_view, std::string_view> kSpellings[] = {
         {"1-0", "1-0"},
         {"0-1", "0-1"},

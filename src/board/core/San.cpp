@@ -30,30 +30,28 @@ bool isRank(char c) {
 
 } // namespace
 
+namespace {
+constexpr std::string_view kGlyphs[] = {"", "!", "?", "!!", "??", "!?", "?!"};
+}
+
 int glyphNag(std::string_view g) {
-    if (g == "!")
-        return 1;
-    if (g == "?")
-        return 2;
-    if (g == "!!")
-        return 3;
-    if (g == "??")
-        return 4;
-    if (g == "!?")
-        return 5;
-    if (g == "?!")
-        return 6;
+    if (!g.empty())
+        for (int nag = 1; nag <= 6; ++nag)
+            if (g == kGlyphs[nag])
+                return nag;
     return 0;
 }
 
-const char* nagGlyph(int nag) {
-    static const char* glyphs[] = {"", "!", "?", "!!", "??", "!?", "?!"};
-    return nag >= 1 && nag <= 6 ? glyphs[nag] : "";
+std::string_view nagGlyph(int nag) {
+    return nag >= 1 && nag <= 6 ? kGlyphs[nag] : "";
+}
+
+std::string numberedMove(int number, Color side, std::string_view token) {
+    return std::to_string(number) + (side == White ? ". " : "... ") + std::string(token);
 }
 
 std::string numberedMove(const Position& pos, std::string_view token) {
-    return std::to_string(pos.fullmoveNumber()) + (pos.sideToMove() == White ? ". " : "... ") +
-           std::string(token);
+    return numberedMove(pos.fullmoveNumber(), pos.sideToMove(), token);
 }
 
 std::string writeSan(const Position& pos, Move m) {
@@ -174,7 +172,76 @@ std::string castleRefusal(const Position& pos, int side, Position::CastleCheck c
 
 } // namespace
 
+bool readSanStrict(const Position& pos, std::string_view token, SanResult& result) {
+    std::string_view t = token;
+    size_t end = t.size();
+    while (end > 0 && (t[end - 1] == '!' || t[end - 1] == '?'))
+        --end;
+    result.nag = glyphNag(t.substr(end));
+    while (end > 0 && (t[end - 1] == '+' || t[end - 1] == '#'))
+        --end;
+    t = t.substr(0, end);
+    if (t.size() < 2)
+        return false;
+    if (t[0] == 'O') {
+        const int side = t == "O-O" ? 0 : t == "O-O-O" ? 1 : -1;
+        if (side < 0 || pos.castleCheck(side) != Position::CastleCheck::Legal)
+            return false;
+        result.move = pos.castleMove(side);
+        return true;
+    }
+    // [piece] [file] [rank] [x] file rank [=promotion], read from the front.
+    size_t i = 0;
+    PieceType type = Pawn;
+    if (const PieceType p = pieceFromLetter(t[0]); p != NoType) {
+        type = p;
+        ++i;
+    }
+    PieceType promo = NoType;
+    if (t[t.size() - 2] == '=') {
+        promo = promotionFromLetter(t.back());
+        if (promo == NoType || t.back() < 'A' || t.back() > 'Z' || type != Pawn)
+            return false;
+        t.remove_suffix(2);
+    }
+    if (t.size() < i + 2 || !isFile(t[t.size() - 2]) || !isRank(t.back()))
+        return false;
+    const int to = makeSquare(t[t.size() - 2] - 'a', t.back() - '1');
+    Bitboard from = kAllSquares;
+    std::string_view middle = t.substr(i, t.size() - 2 - i);
+    if (!middle.empty() && middle.back() == 'x')
+        middle.remove_suffix(1);
+    if (!middle.empty() && isFile(middle.front())) {
+        from &= fileSquares(middle.front() - 'a');
+        middle.remove_prefix(1);
+    }
+    if (!middle.empty() && isRank(middle.front()) && type != Pawn) {
+        from &= rankSquares(middle.front() - '1');
+        middle.remove_prefix(1);
+    }
+    // A pawn names its file only when it takes.
+    if (!middle.empty() || (type == Pawn && from != kAllSquares && t[1] != 'x'))
+        return false;
+    MoveList candidates;
+    pos.legalMovesTo(candidates, type, to, from);
+    int found = 0;
+    for (Move m : candidates) {
+        if (m.promotion != (promo == NoType && m.promotion ? Queen : promo))
+            continue;
+        result.move = m;
+        ++found;
+    }
+    return found == 1;
+}
+
 SanResult readSan(const Position& pos, std::string_view token) {
+    SanResult result;
+    if (readSanStrict(pos, token, result))
+        return result;
+    return readSanLenient(pos, token);
+}
+
+SanResult readSanLenient(const Position& pos, std::string_view token) {
     SanResult result;
     std::string_view t = token;
     // Glyphs, check and mate marks, and an en passant remark are decoration.

@@ -7,6 +7,9 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cctype>
+#include <optional>
+#include <random>
 #include <tuple>
 
 using namespace tavlon;
@@ -41,6 +44,8 @@ private slots:
     void sanRefusals();
     void sanWriting_data();
     void sanWriting();
+    void quickSanAgreesWithLenient_data();
+    void quickSanAgreesWithLenient();
 };
 
 void TestPosition::perftCounts_data() {
@@ -59,6 +64,8 @@ void TestPosition::perftCounts_data() {
     QTest::newRow("position 6, 3")
         << "r4rk1/1pp1qppp/p1np1n2/2b1p1B1/2B1P1b1/P1NP1N2/1PP1QPPP/R4RK1 w - - 0 10" << 3
         << 89890LL;
+    QTest::newRow("rooks on one file") << "R7/8/8/8/8/8/8/R3K2k w - - 0 1" << 4 << 6880LL;
+    QTest::newRow("knights on one file") << "4k3/8/N7/8/8/8/N7/4K3 w - - 0 1" << 4 << 4868LL;
     // More moves than any game reaches (no engine counts this many).
     QTest::newRow("24 queens") << "1QQQQQQK/Q5Q1/Q6Q/Q6Q/Q3Q3/Q5QQ/Q4Qnn/QQQQ1Qnk w - - 0 1" << 1
                                << 259LL;
@@ -330,6 +337,106 @@ void TestPosition::sanWriting() {
     QFETCH(QString, san);
     const Position p = Position::fromForsyth(fen.toStdString());
     QCOMPARE(QString::fromStdString(writeSan(p, readSan(p, in.toStdString()).move)), san);
+}
+
+// The quick SAN path must read every token exactly as the lenient reader does, or leave it to
+// that reader. Tokens: each legal move's SAN, the spellings files use, and random mutations.
+void TestPosition::quickSanAgreesWithLenient_data() {
+    perftCounts_data();
+}
+
+namespace {
+
+std::vector<std::string> spellings(const Position& pos, Move m, std::mt19937& random) {
+    const std::string san = writeSan(pos, m);
+    const std::string from = {char('a' + fileOf(m.from)), char('1' + rankOf(m.from))};
+    const std::string to = {char('a' + fileOf(m.to)), char('1' + rankOf(m.to))};
+    std::string bare = san;
+    while (!bare.empty() && (bare.back() == '+' || bare.back() == '#'))
+        bare.pop_back();
+    std::vector<std::string> tokens = {
+        san,        bare,         bare + "+", bare + "#",      san + "!",
+        san + "?!", bare + "!!?", from + to,  from + "-" + to, "x" + bare};
+    const size_t x = bare.find('x');
+    if (x != std::string::npos)
+        tokens.push_back(bare.substr(0, x) + bare.substr(x + 1));
+    else if (bare.size() > 2)
+        tokens.push_back(bare.substr(0, bare.size() - 2) + "x" + bare.substr(bare.size() - 2));
+    if (std::isupper(static_cast<unsigned char>(bare[0])) && bare[0] != 'O') {
+        tokens.push_back(bare.substr(0, 1) + from + bare.substr(bare.size() - 2));
+        tokens.push_back(bare.substr(0, 1) + from.substr(0, 1) + bare.substr(bare.size() - 2));
+        tokens.push_back(bare.substr(0, 1) + from.substr(1) + bare.substr(bare.size() - 2));
+    }
+    if (const size_t eq = bare.find('='); eq != std::string::npos) {
+        tokens.push_back(bare.substr(0, eq));
+        tokens.push_back(bare.substr(0, eq) + bare.substr(eq + 1));
+        tokens.push_back(bare.substr(0, eq + 1) + char(std::tolower(bare[eq + 1])));
+        tokens.push_back(bare.substr(0, eq) + "(" + bare.substr(eq + 1) + ")");
+    }
+    if (bare.starts_with("O-O")) {
+        std::string zeros = bare;
+        std::replace(zeros.begin(), zeros.end(), 'O', '0');
+        tokens.push_back(zeros);
+    }
+    if (m.flags & Move::EnPassant)
+        tokens.push_back(bare + "e.p.");
+    const std::string alphabet = "abcdefgh12345678NBRQKOx=+#!?-.()P0";
+    for (int i = 0; i < 6; ++i) {
+        std::string t = san;
+        const size_t at = random() % (t.size() + 1);
+        switch (random() % 3) {
+        case 0:
+            t.insert(at, 1, alphabet[random() % alphabet.size()]);
+            break;
+        case 1:
+            if (at < t.size())
+                t.erase(at, 1);
+            break;
+        default:
+            if (at < t.size())
+                t[at] = alphabet[random() % alphabet.size()];
+        }
+        tokens.push_back(t);
+    }
+    return tokens;
+}
+
+QString quickSanMismatch(const Position& pos, int depth, std::mt19937& random) {
+    MoveList moves;
+    pos.legalMoves(moves);
+    for (Move m : moves) {
+        SanResult standard;
+        if (!readSanStrict(pos, writeSan(pos, m), standard) || !(standard.move == m))
+            return QString::fromStdString(pos.forsyth() + " " + writeSan(pos, m) + " not quick");
+        for (const std::string& token : spellings(pos, m, random)) {
+            SanResult quick;
+            const bool read = readSanStrict(pos, token, quick);
+            std::optional<SanResult> lenient;
+            try {
+                lenient = readSanLenient(pos, token);
+            } catch (const BoardError&) {
+            }
+            if (read && (!lenient || !(lenient->move == quick.move) || lenient->nag != quick.nag))
+                return QString::fromStdString(pos.forsyth() + " " + token);
+        }
+        if (depth > 1) {
+            Position next = pos;
+            next.play(m);
+            if (const QString bad = quickSanMismatch(next, depth - 1, random); !bad.isEmpty())
+                return bad;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+void TestPosition::quickSanAgreesWithLenient() {
+    QFETCH(QString, fen);
+    QFETCH(int, depth);
+    std::mt19937 random(7);
+    QCOMPARE(quickSanMismatch(Position::fromForsyth(fen.toStdString()), std::min(depth, 2), random),
+             QString());
 }
 
 QTEST_APPLESS_MAIN(TestPosition)
