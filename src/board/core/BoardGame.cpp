@@ -16,9 +16,9 @@ void BoardGame::rebuild() {
     positions_.reserve(game_.main.moves.size() + 1);
     sans_.reserve(game_.main.moves.size());
     for (const Node& node : game_.main.moves) {
-        sans_.push_back(writeSan(positions_.back(), node.move));
         positions_.push_back(positions_.back());
         positions_.back().play(node.move);
+        sans_.push_back(writeSan(positions_.end()[-2], node.move, &positions_.back()));
     }
     ply_ = std::clamp(ply_, 0, gameLength());
 }
@@ -99,13 +99,16 @@ void BoardGame::setAnnotation(std::string_view text) {
 }
 
 std::string BoardGame::movesAsList() const {
-    return writeList(game_, &sans_);
+    const KnownLine known{positions_, sans_};
+    return writeList(game_, &known);
 }
 std::string BoardGame::movesAsParagraph() const {
-    return writeParagraph(game_, &sans_);
+    const KnownLine known{positions_, sans_};
+    return writeParagraph(game_, &known);
 }
 std::string BoardGame::movesAnnotated() const {
-    return writeAnnotated(game_, &sans_);
+    const KnownLine known{positions_, sans_};
+    return writeAnnotated(game_, &known);
 }
 
 std::string BoardGame::result() const {

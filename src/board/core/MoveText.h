@@ -57,12 +57,18 @@ void readMainLine(PgnLexer& lexer, const Position& start, MainLine& line);
 // The same without playing anything: only moves `lexer` to the game's end.
 void skipMoveText(PgnLexer& lexer);
 
-// The three move texts: CR LF between lines, none after the last. `sans` may hold the main
-// line's moves in SAN already, so that they are not written again.
+// What a caller knows already of a game's main line: the position before each move and the
+// move in SAN, so that the writers need not work them out again.
 using SanList = std::vector<std::string>;
-std::string writeAnnotated(const Game& game, const SanList* sans = nullptr);
-std::string writeList(const Game& game, const SanList* sans = nullptr);
-std::string writeParagraph(const Game& game, const SanList* sans = nullptr);
+struct KnownLine {
+    const std::vector<Position>& positions;
+    const SanList& sans;
+};
+
+// The three move texts: CR LF between lines, none after the last.
+std::string writeAnnotated(const Game& game, const KnownLine* known = nullptr);
+std::string writeList(const Game& game, const KnownLine* known = nullptr);
+std::string writeParagraph(const Game& game, const KnownLine* known = nullptr);
 
 // True when a line of text ends like a game result, as the importer sees it.
 bool endsLikeResult(std::string_view line);

@@ -62,25 +62,49 @@ private:
     size_t width_ = 0;
 };
 
+// Walks a line move by move: the position before each move and its SAN, taken from what the
+// caller knows of the main line, or worked out here.
+class LineWalk {
+public:
+    LineWalk(const Position& start, const KnownLine* known) : pos_(start), known_(known) {}
+    const Position& before(size_t i) const { return known_ ? known_->positions[i] : pos_; }
+    std::string_view san(size_t i, Move m) {
+        if (known_)
+            return known_->sans[i];
+        san_ = writeSan(pos_, m);
+        return san_;
+    }
+    void next(Move m) {
+        if (!known_)
+            pos_.play(m);
+    }
+
+private:
+    Position pos_;
+    const KnownLine* known_;
+    std::string san_;
+};
+
 // Builds the words of the annotated text one at a time, so that a bracket can still be added to
 // the last word of a variation before it is placed.
 class AnnotatedWriter {
 public:
-    // `sans` holds the line's moves written already, when someone has.
-    void line(const Line& line, Position pos, bool needNumber, const SanList* sans) {
+    void line(const Line& line, const Position& start, bool needNumber, const KnownLine* known) {
         if (!line.leadComment.empty()) {
             comment(line.leadComment);
             needNumber = true;
         }
+        LineWalk walk(start, known);
         for (size_t i = 0; i < line.moves.size(); ++i) {
             const Node& node = line.moves[i];
+            const Position& pos = walk.before(i);
             // A move number stays on the line of its move.
             beginWord();
             if (pos.sideToMove() == White || needNumber) {
                 word_ += std::to_string(pos.fullmoveNumber());
                 word_ += pos.sideToMove() == White ? ". " : "... ";
             }
-            word_ += sans ? (*sans)[i] : writeSan(pos, node.move);
+            word_ += walk.san(i, node.move);
             needNumber = false;
             for (int nag : node.nags) {
                 beginWord();
@@ -99,7 +123,7 @@ public:
                 word_ += ')';
                 needNumber = true;
             }
-            pos.play(node.move);
+            walk.next(node.move);
         }
     }
 
@@ -166,61 +190,64 @@ std::string_view glyphOf(const Node& node) {
 bool endsLikeResult(std::string_view line) {
     while (!line.empty() && line.back() == ' ')
         line.remove_suffix(1);
+    if (line.empty() ||
+        (line.back() != '2' && line.back() != '0' && line.back() != '1' && line.back() != '*'))
+        return false; // the last characters of the results below
     for (std::string_view r : {"1/2-1/2", "1-0", "0-1", "*"})
         if (line.size() >= r.size() && line.substr(line.size() - r.size()) == r)
             return true;
     return false;
 }
 
-std::string writeAnnotated(const Game& game, const SanList* sans) {
+std::string writeAnnotated(const Game& game, const KnownLine* known) {
     AnnotatedWriter w;
-    w.line(game.main, game.start, true, sans);
+    w.line(game.main, game.start, true, known);
     return w.finish(game.result);
 }
 
-std::string writeList(const Game& game, const SanList* sans) {
+std::string writeList(const Game& game, const KnownLine* known) {
     std::string out;
-    Position pos = game.start;
-    bool first = true;
+    LineWalk walk(game.start, known);
     for (size_t i = 0; i < game.main.moves.size(); ++i) {
         const Node& node = game.main.moves[i];
-        const std::string san =
-            (sans ? (*sans)[i] : writeSan(pos, node.move)) + std::string(glyphOf(node));
+        const Position& pos = walk.before(i);
         if (pos.sideToMove() == White) {
-            if (!first)
+            if (i > 0)
                 out += "\r\n";
-            out += std::to_string(pos.fullmoveNumber()) + ". " + san;
-        } else if (first) {
-            out += std::to_string(pos.fullmoveNumber()) + "... " + san;
+            out += std::to_string(pos.fullmoveNumber());
+            out += ". ";
+        } else if (i == 0) {
+            out += std::to_string(pos.fullmoveNumber());
+            out += "... ";
         } else {
-            out += " " + san;
+            out += ' ';
         }
-        first = false;
-        pos.play(node.move);
+        out += walk.san(i, node.move);
+        out += glyphOf(node);
+        walk.next(node.move);
     }
-    if (!first)
+    if (!game.main.moves.empty())
         out += "\r\n";
     out += game.result;
     return out;
 }
 
-std::string writeParagraph(const Game& game, const SanList* sans) {
+std::string writeParagraph(const Game& game, const KnownLine* known) {
     LineWrapper wrapper;
-    Position pos = game.start;
-    bool first = true;
+    LineWalk walk(game.start, known);
     std::string word;
     for (size_t i = 0; i < game.main.moves.size(); ++i) {
         const Node& node = game.main.moves[i];
+        const Position& pos = walk.before(i);
         word.clear();
-        if (pos.sideToMove() == White || first) {
+        if (pos.sideToMove() == White || i == 0) {
             word += std::to_string(pos.fullmoveNumber());
             word += pos.sideToMove() == White ? "." : "...";
         }
-        word += sans ? (*sans)[i] : writeSan(pos, node.move);
+        word += walk.san(i, node.move);
         word += glyphOf(node);
         wrapper.add(word);
-        first = false;
-        pos.play(node.move);
+        walk.next(node.move);
     }
     wrapper.add(game.result);
     return wrapper.take();

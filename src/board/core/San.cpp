@@ -54,7 +54,12 @@ std::string numberedMove(const Position& pos, std::string_view token) {
     return numberedMove(pos.fullmoveNumber(), pos.sideToMove(), token);
 }
 
-std::string writeSan(const Position& pos, Move m) {
+std::string writeSan(const Position& pos, Move m, const Position* after) {
+    if (!after) {
+        Position next = pos;
+        next.play(m);
+        return writeSan(pos, m, &next);
+    }
     std::string san;
     if (m.isNull())
         return "--";
@@ -103,10 +108,8 @@ std::string writeSan(const Position& pos, Move m) {
             san += kPieceLetters[m.promotion];
         }
     }
-    Position next = pos;
-    next.play(m);
-    if (next.inCheck())
-        san += next.hasLegalMove() ? "+" : "#";
+    if (after->inCheck())
+        san += after->hasLegalMove() ? "+" : "#";
     return san;
 }
 

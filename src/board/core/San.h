@@ -9,7 +9,8 @@
 
 namespace tavlon {
 
-std::string writeSan(const Position& pos, Move m);
+// `after`, when given, is the position the move leads to.
+std::string writeSan(const Position& pos, Move m, const Position* after = nullptr);
 
 struct SanResult {
     Move move{};
