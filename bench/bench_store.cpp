@@ -3,6 +3,7 @@
 
 #include "BenchCommands.h"
 
+#include "app/FormRegistry.h"
 #include "find/StoreSearch.h"
 #include "store/Module1.h"
 #include "support/ScriptedPlatform.h"
@@ -34,7 +35,7 @@ struct Headless {
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
         qapp = std::make_unique<QApplication>(argc, argv);
-        app = std::make_unique<Application>(platform);
+        app = std::make_unique<Application>(platform, &createForm);
         app->loadMain();
     }
     frmMain& main() { return app->main(); }
@@ -99,7 +100,7 @@ int importCommand(const std::vector<std::string>& args) {
     // Import alone and the list alone, measured again on their own.
     QElapsedTimer t;
     t.start();
-    h.m().FillGameList();
+    h.main().FillGameList();
     const double fill = double(t.nsecsElapsed()) / 1e6;
     std::printf("games %d lines %ld MB %.1f\n", h.m().gameCount(), lines, mb);
     std::printf("open (path to first game previewed) %.0f ms\n", whole);

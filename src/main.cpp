@@ -1,3 +1,4 @@
+#include "app/FormRegistry.h"
 #include "platform/QtPlatform.h"
 #include "viewer/Application.h"
 #include "viewer/frmMain.h"
@@ -7,8 +8,7 @@
 int main(int argc, char* argv[]) {
     QApplication qapp(argc, argv);
     tolvisk::QtPlatform platform;
-    tolvisk::Application app(platform);
-    frmMain& main = app.loadMain();
-    main.show();
+    tolvisk::Application app(platform, &tolvisk::createForm);
+    app.loadMain().show();
     return qapp.exec();
 }

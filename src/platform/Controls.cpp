@@ -1,6 +1,8 @@
 #include "platform/Controls.h"
 
 #include "platform/Errors.h"
+#include "platform/TextFile.h"
+#include "platform/Twips.h"
 
 #include <QAbstractListModel>
 #include <QDateTime>
@@ -11,17 +13,7 @@
 
 namespace tolvisk {
 
-namespace {
-
-int twipsWide(int twips, const QWidget* w) {
-    return int(twips * w->logicalDpiX() / 1440.0 + 0.5);
-}
-
-RuntimeError invalidIndex() {
-    return RuntimeError(QStringLiteral("Invalid property value"), 380);
-}
-
-} // namespace
+namespace {} // namespace
 
 // The entries of a list box, one string each.
 class StringListModel : public QAbstractListModel {
@@ -32,7 +24,8 @@ public:
         return parent.isValid() ? 0 : int(items.size());
     }
     QVariant data(const QModelIndex& index, int role) const override {
-        if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+        // No tool tip of its own: the list's tool tip shows over the entries too.
+        if (!index.isValid() || role != Qt::DisplayRole)
             return {};
         return items.at(index.row());
     }
@@ -62,23 +55,39 @@ ListBox::ListBox(QWidget* parent) : QListView(parent), model_(new StringListMode
     setSelectionMode(QAbstractItemView::SingleSelection);
     setUniformItemSizes(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+    // Click comes once the selection has changed, so that its handler reads the new ListIndex.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!settingIndex_)
             emit Click();
     });
-    connect(this, &QListView::doubleClicked, this, [this] { emit DblClick(); });
 }
 
 int16_t ListBox::ListIndex() const {
-    const QModelIndex current = selectionModel()->currentIndex();
-    if (!current.isValid() || !selectionModel()->isSelected(current))
-        return -1;
-    return int16_t(current.row());
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    return selected.isEmpty() ? int16_t(-1) : int16_t(selected.first().row());
+}
+
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const {
+    // As a list box: the user moves the selection but never takes it away. A click below the
+    // entries changes nothing, and Ctrl+click or Ctrl+Space on the selected entry keeps it.
+    if (!index.isValid())
+        return QItemSelectionModel::NoUpdate;
+    const QItemSelectionModel::SelectionFlags command = QListView::selectionCommand(index, event);
+    if (command & (QItemSelectionModel::Deselect | QItemSelectionModel::Toggle))
+        return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    return command;
+}
+
+void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Anywhere in the list, on an entry or below the entries of an empty one.
+    QListView::mouseDoubleClickEvent(event);
+    emit DblClick();
 }
 
 void ListBox::setListIndex(int16_t index) {
     if (index < -1 || index >= ListCount())
-        throw invalidIndex();
+        throw invalidPropertyValue();
     settingIndex_ = true;
     if (index == -1) {
         selectionModel()->clearSelection();
@@ -104,7 +113,7 @@ QString ListBox::List(int16_t index) const {
 
 void ListBox::setList(int16_t index, const QString& text) {
     if (index < 0 || index >= model_->items.size())
-        throw invalidIndex();
+        throw invalidPropertyValue();
     model_->set(index, text);
 }
 
@@ -114,13 +123,13 @@ void ListBox::AddItem(const QString& text) {
 
 void ListBox::AddItem(const QString& text, int16_t index) {
     if (index < 0 || index > model_->items.size())
-        throw invalidIndex();
+        throw invalidPropertyValue();
     model_->insert(index, text);
 }
 
 void ListBox::RemoveItem(int16_t index) {
     if (index < 0 || index >= model_->items.size())
-        throw invalidIndex();
+        throw invalidPropertyValue();
     settingIndex_ = true;
     model_->remove(index);
     settingIndex_ = false;
@@ -149,14 +158,16 @@ TextBox::TextBox(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 QString TextBox::Text() const {
-    QString text = toPlainText();
-    text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    // The document's own characters: a non-breaking space stays one. Only the line ends between
+    // its blocks are the widget's, and they are CR LF to the program.
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, kCrLf);
     return text;
 }
 
 void TextBox::setText(const QString& text) {
     QString plain = text;
-    plain.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    plain.replace(kCrLf, QLatin1String("\n"));
     plain.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     setPlainText(plain);
 }
@@ -208,7 +219,7 @@ void TextBox::setSelLength(int length) {
 
 QString TextBox::SelText() const {
     QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+    text.replace(QChar::ParagraphSeparator, kCrLf);
     return text;
 }
 
@@ -295,12 +306,12 @@ PanelStatusBar::PanelStatusBar(QWidget* parent) : QStatusBar(parent) {
     setSizeGripEnabled(true);
     for (auto*& label : panels_) {
         label = new QLabel(this);
-        label->setMinimumWidth(twipsWide(1440, this));
+        label->setMinimumWidth(twipsToPx(1440));
         label->setFrameShape(QFrame::StyledPanel);
         label->setFrameShadow(QFrame::Sunken);
     }
     addWidget(panels_[0], 1);
-    panels_[1]->setFixedWidth(twipsWide(1440, this));
+    panels_[1]->setFixedWidth(twipsToPx(1440));
     addWidget(panels_[1]);
     addPermanentWidget(panels_[2]);
     addPermanentWidget(panels_[3]);

@@ -6,6 +6,7 @@
 // four-panel status bar and a timer whose enabling restarts its interval.
 
 #include <QAction>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QListView>
 #include <QPlainTextEdit>
@@ -21,7 +22,9 @@ namespace tolvisk {
 
 class StringListModel;
 
-// An unsorted list box. Indexes are 16-bit; -1 is no selection.
+// An unsorted list box. Indexes are 16-bit; -1 is no selection. Every change of the selection,
+// by mouse, keyboard or program, raises Click once, after the change; assigning ListIndex raises
+// it even when the entry was selected already. The user can move the selection, not remove it.
 class ListBox : public QListView {
     Q_OBJECT
 public:
@@ -44,15 +47,22 @@ public:
 
 signals:
     void Click();
+    // A double click anywhere in the list, also where there is no entry.
     void DblClick();
+
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     StringListModel* model_;
     bool settingIndex_ = false;
 };
 
-// A text box. `Text()` and the selection use the program's view of the text, in which a line
-// ends in CR LF; the widget shows ordinary lines.
+// A text box. `Text()` gives back exactly the characters it was given; it and the selection use
+// the program's view of the text, in which a line ends in CR LF, while the widget shows
+// ordinary lines.
 class TextBox : public QPlainTextEdit {
     Q_OBJECT
 public:

@@ -2,9 +2,7 @@
 
 #include <QString>
 
-#include <cstdint>
 #include <functional>
-#include <limits>
 #include <stdexcept>
 
 namespace tolvisk {
@@ -30,6 +28,17 @@ public:
     CancelError() : RuntimeError(QStringLiteral("Cancel was selected."), 32755) {}
 };
 
+// The errors the program raises for itself, worded as the platform words its own.
+inline RuntimeError subscriptOutOfRange() {
+    return RuntimeError(QStringLiteral("Subscript out of range"), 9);
+}
+inline RuntimeError invalidPropertyValue() {
+    return RuntimeError(QStringLiteral("Invalid property value"), 380);
+}
+inline RuntimeError overflowError() {
+    return RuntimeError(QStringLiteral("Overflow"), 6);
+}
+
 // The text a failure path shows for any exception.
 inline QString describeError(const std::exception& e) {
     if (auto* r = dynamic_cast<const RuntimeError*>(&e))
@@ -45,11 +54,8 @@ inline void skipOnError(const std::function<void()>& statement) {
     }
 }
 
-// 16-bit arithmetic that the program relies on: it raises an overflow error instead of wrapping.
-inline int16_t toInt16(long long value) {
-    if (value < std::numeric_limits<int16_t>::min() || value > std::numeric_limits<int16_t>::max())
-        throw RuntimeError(QStringLiteral("Overflow"), 6);
-    return static_cast<int16_t>(value);
-}
-
 } // namespace tolvisk
+
+// The checked integer conversions that raise the overflow error, for the callers that found
+// them here.
+#include "platform/Numbers.h"

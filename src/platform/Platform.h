@@ -63,8 +63,6 @@ public:
     // Shows the busy (hourglass) pointer or the normal one. Not counted: like the screen's
     // pointer property, the last assignment wins.
     virtual void setBusy(bool busy) = 0;
-    // Lets pending paint events run, for progress that must repaint during a long handler.
-    virtual void repaint(QWidget* widget) = 0;
 };
 
 // Shows the busy pointer for its lifetime, so the normal pointer comes back on every way out.

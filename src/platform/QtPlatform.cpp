@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPrinter>
@@ -82,6 +83,12 @@ MsgResult QtPlatform::msgBox(const QString& text, MsgButtons buttons, MsgIcon ic
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         break;
     }
+    // Wide enough for its title, which the window manager would cut short otherwise.
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        const int titleWidth = box.fontMetrics().horizontalAdvance(box.windowTitle()) + 120;
+        grid->addItem(new QSpacerItem(titleWidth, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
+    }
     const bool wasBusy = busy_;
     if (wasBusy)
         QApplication::restoreOverrideCursor();
@@ -117,12 +124,30 @@ QString QtPlatform::showOpen(const QString& filter, const QString& initialDir) {
     return path;
 }
 
+QString filterSuffix(const QString& qtFilter) {
+    // "PGN files (*.pgn)" gives "pgn"; a filter for every file gives none.
+    const qsizetype at = qtFilter.indexOf(QLatin1String("(*."));
+    if (at < 0)
+        return QString();
+    const qsizetype from = at + 3;
+    qsizetype to = from;
+    while (to < qtFilter.size() && qtFilter[to].isLetterOrNumber())
+        ++to;
+    return qtFilter.mid(from, to - from);
+}
+
 QString QtPlatform::showSave(const QString& filter, const QString& fileName) {
-    const QString path = QFileDialog::getSaveFileName(QApplication::activeWindow(), QString(),
-                                                      fileName, qtFileFilter(filter));
-    if (path.isEmpty())
+    QFileDialog dialog(QApplication::activeWindow(), QString(), fileName, qtFileFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // A bare name gets the extension of the filter chosen, as desktop save dialogs give it.
+    auto takeSuffix = [&dialog](const QString& chosen) {
+        dialog.setDefaultSuffix(filterSuffix(chosen));
+    };
+    takeSuffix(dialog.selectedNameFilter());
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeSuffix);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         throw CancelError();
-    return path;
+    return dialog.selectedFiles().constFirst();
 }
 
 uint32_t QtPlatform::showColor(uint32_t initial) {
@@ -197,11 +222,6 @@ void QtPlatform::setBusy(bool busy) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QApplication::restoreOverrideCursor();
-}
-
-void QtPlatform::repaint(QWidget* widget) {
-    if (widget)
-        widget->repaint();
 }
 
 } // namespace tolvisk

@@ -25,7 +25,6 @@ public:
     std::unique_ptr<TextFileReader> openInput(const QString& path) override;
     std::unique_ptr<TextFileWriter> openOutput(const QString& path, TextEncoding encoding) override;
     void setBusy(bool busy) override;
-    void repaint(QWidget* widget) override;
 
 private:
     bool busy_ = false;
@@ -33,6 +32,8 @@ private:
 
 // "PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt" as Qt writes a file dialog filter.
 QString qtFileFilter(const QString& filter);
+// The extension a Qt file filter names, "pgn" for "PGN files (*.pgn)"; none for "*.*".
+QString filterSuffix(const QString& qtFilter);
 // Opens a file's bytes as sequential text input; throws RuntimeError when it cannot.
 std::unique_ptr<TextFileReader> readTextFile(const QString& path);
 

@@ -172,7 +172,7 @@ TextFileWriter::~TextFileWriter() {
 
 void TextFileWriter::print(QStringView line) {
     buffer_ += line;
-    buffer_ += QStringLiteral("\r\n");
+    buffer_ += kCrLf;
 }
 
 void TextFileWriter::write(QStringView text) {

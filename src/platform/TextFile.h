@@ -6,6 +6,9 @@
 
 namespace tolvisk {
 
+// The line end of the program's texts, in memory as on disk.
+inline const QString kCrLf = QStringLiteral("\r\n");
+
 // How a text file's bytes map to characters. A file that is valid UTF-8 is read as UTF-8 (with
 // or without a byte order mark); any other file as Windows-1252, where the five bytes that
 // code page leaves undefined map to U+0081, U+008D, U+008F, U+0090 and U+009D so every byte

@@ -1,24 +1,23 @@
 #include "variation/frmVariation.h"
 
+#include "platform/WindowPlacement.h"
 #include "viewer/Application.h"
-#include "viewer/Twips.h"
-#include "viewer/WindowPlacement.h"
 
 #include <QHBoxLayout>
 
-frmVariation::frmVariation(tolvisk::Application& app) : QWidget(nullptr, Qt::Window), app_(app) {
+namespace tolvisk {
+
+frmVariation::frmVariation(Application& app) : QWidget(nullptr, Qt::Window), app_(app) {
     setObjectName(QStringLiteral("frmVariation"));
     setWindowTitle(QStringLiteral("Variation Board"));
     Tavlon1 = new Tavlon(this);
+    Tavlon1->setObjectName(QStringLiteral("Tavlon1"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(Tavlon1);
     resize(Tavlon1->sizeHint());
-    tolvisk::centreOnScreen(this);
-    app_.registerForm(this);
+    centreOnScreen(this);
 }
-
-frmVariation::~frmVariation() = default;
 
 void frmVariation::mnuFileClose_Click() {
     hide();
@@ -38,3 +37,5 @@ void frmVariation::closeEvent(QCloseEvent* event) {
     else
         event->accept();
 }
+
+} // namespace tolvisk

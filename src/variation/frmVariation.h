@@ -9,14 +9,13 @@
 #include <QWidget>
 
 namespace tolvisk {
+
 class Application;
-}
 
 class frmVariation : public QWidget {
     Q_OBJECT
 public:
-    explicit frmVariation(tolvisk::Application& app);
-    ~frmVariation() override;
+    explicit frmVariation(Application& app);
 
     Tavlon* Tavlon1 = nullptr;
 
@@ -28,5 +27,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    tolvisk::Application& app_;
+    Application& app_;
 };
+
+} // namespace tolvisk

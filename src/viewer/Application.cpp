@@ -1,21 +1,14 @@
 #include "viewer/Application.h"
 
-#include "find/frmFind.h"
-#include "help/frmAbout.h"
-#include "help/frmHelp.h"
-#include "options/frmOptions.h"
-#include "setup/frmSetup.h"
-#include "tags/frmEditTags.h"
-#include "variation/frmVariation.h"
+#include "platform/ToolWindow.h"
 #include "viewer/frmMain.h"
 
 #include <algorithm>
-#include <functional>
-#include <map>
 
 namespace tolvisk {
 
-Application::Application(Platform& platform) : platform_(platform), module_(*this) {}
+Application::Application(Platform& platform, FormFactory factory)
+    : platform_(platform), factory_(std::move(factory)) {}
 
 Application::~Application() {
     // Tear down without any closing sequence: no prompt, no box, no start-up file.
@@ -42,12 +35,6 @@ frmMain& Application::main() {
     return *main_;
 }
 
-frmVariation& Application::variation() {
-    if (auto* form = qobject_cast<frmVariation*>(findForm(QStringLiteral("frmVariation"))))
-        return *form;
-    return *new frmVariation(*this);
-}
-
 std::vector<QWidget*> Application::forms() const {
     std::vector<QWidget*> loaded;
     for (const auto& form : forms_) {
@@ -57,9 +44,36 @@ std::vector<QWidget*> Application::forms() const {
     return loaded;
 }
 
-void Application::registerForm(QWidget* form) {
-    if (std::find(forms_.begin(), forms_.end(), form) == forms_.end())
-        forms_.emplace_back(form);
+QWidget* Application::findForm(const QString& name) const {
+    for (const auto& form : forms_) {
+        if (form && form->objectName() == name)
+            return form.data();
+    }
+    return nullptr;
+}
+
+QWidget* Application::loadForm(const QString& name) {
+    if (QWidget* form = findForm(name))
+        return form;
+    QWidget* form = factory_ ? factory_(name, *this) : nullptr;
+    if (!form)
+        return nullptr;
+    forms_.emplace_back(form);
+    // A tool window leaves the collection as soon as it agrees to close.
+    if (auto* tool = qobject_cast<ToolWindow*>(form))
+        QObject::connect(tool, &ToolWindow::Unloaded, tool, [this, form] { forgetForm(form); });
+    return form;
+}
+
+void Application::showForm(const QString& name) {
+    QWidget* form = loadForm(name);
+    if (!form)
+        return;
+    // Shown beside the main window, never modal; a minimised window comes back.
+    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
+    form->show();
+    form->raise();
+    form->activateWindow();
 }
 
 void Application::forgetForm(QWidget* form) {
@@ -74,36 +88,9 @@ void Application::unloadForm(QWidget* form) {
         delete form;
 }
 
-QWidget* Application::findForm(const QString& name) const {
-    for (const auto& form : forms_) {
-        if (form && form->objectName() == name)
-            return form.data();
-    }
-    return nullptr;
-}
-
-void Application::showForm(const QString& name) {
-    static const std::map<QString, std::function<QWidget*(Application&)>> factories = {
-        {QStringLiteral("frmEditTags"), [](Application& a) { return new frmEditTags(a); }},
-        {QStringLiteral("frmSetup"), [](Application& a) { return new frmSetup(a); }},
-        {QStringLiteral("frmFind"), [](Application& a) { return new frmFind(a); }},
-        {QStringLiteral("frmOptions"), [](Application& a) { return new frmOptions(a); }},
-        {QStringLiteral("frmHelp"), [](Application& a) { return new frmHelp(a); }},
-        {QStringLiteral("frmAbout"), [](Application& a) { return new frmAbout(a); }},
-        {QStringLiteral("frmVariation"), [](Application& a) { return &a.variation(); }},
-    };
-    QWidget* form = findForm(name);
-    if (!form) {
-        auto factory = factories.find(name);
-        if (factory == factories.end())
-            return;
-        form = factory->second(*this);
-    }
-    // Shown beside the main window, never modal; a minimised window comes back.
-    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
-    form->show();
-    form->raise();
-    form->activateWindow();
+Tavlon* Application::boardOf(const QString& formName) const {
+    QWidget* form = findForm(formName);
+    return form ? form->findChild<Tavlon*>(QStringLiteral("Tavlon1")) : nullptr;
 }
 
 } // namespace tolvisk

@@ -1,6 +1,8 @@
 #pragma once
 
-// Owns the shared module, the windows and the platform for one run (or one test case).
+// Owns the shared module, the windows and the platform for one run (or one test case). Windows
+// other than the main one come from the form factory by name, so that this object, like the
+// main window, never names a tool window.
 
 #include "platform/Platform.h"
 #include "store/Module1.h"
@@ -8,17 +10,20 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <memory>
+#include <functional>
 #include <vector>
-
-class frmMain;
-class frmVariation;
 
 namespace tolvisk {
 
+class Application;
+class frmMain;
+
+// Makes the window of that name, or gives nullptr for a name it does not know.
+using FormFactory = std::function<QWidget*(const QString& name, Application& app)>;
+
 class Application {
 public:
-    explicit Application(Platform& platform);
+    Application(Platform& platform, FormFactory factory);
     ~Application();
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
@@ -29,25 +34,24 @@ public:
     // Loads frmMain (running its Form_Load) and returns it; it is not shown.
     frmMain& loadMain();
     frmMain& main();
-    bool mainLoaded() const { return main_ != nullptr; }
-    // Loaded hidden by frmMain's Form_Load; stays loaded for the whole run.
-    frmVariation& variation();
 
     // The windows loaded now, frmMain first: the collection the closing sequence walks.
     std::vector<QWidget*> forms() const;
-    void registerForm(QWidget* form);
+    QWidget* findForm(const QString& name) const;
+    // Loads the window if it is not loaded, without showing it; nullptr for an unknown name.
+    QWidget* loadForm(const QString& name);
+    // Shows a window, loading it if it is not loaded, not modally.
+    void showForm(const QString& name);
     // Closes the window through its own closing handlers; a window that agrees is destroyed.
     void unloadForm(QWidget* form);
-    // Drops a window that closed by itself from the collection.
-    void forgetForm(QWidget* form);
-
-    // Shows a tool window, loading it if it is not loaded, not modally. Tool windows are
-    // loaded on first show and destroyed when closed.
-    void showForm(const QString& name);
-    QWidget* findForm(const QString& name) const;
+    // The board of a loaded window, its control "Tavlon1"; nullptr when there is none.
+    Tavlon* boardOf(const QString& formName) const;
 
 private:
+    void forgetForm(QWidget* form);
+
     Platform& platform_;
+    FormFactory factory_;
     Module1 module_;
     frmMain* main_ = nullptr;
     std::vector<QPointer<QWidget>> forms_;

@@ -4,26 +4,24 @@
 #include "store/Module1.h"
 #include "viewer/frmMain.h"
 
+namespace tolvisk {
+
 void frmMain::mnuPlayerStartAP_Click() {
     // 32-bit on purpose: a speed of 90 gives its full 90 seconds.
     Timer1->setInterval(int(m_.APSpeed) * 1000);
-    Timer1->setEnabled(true);
-    m_.APRunning = true;
-    Toolbar1->button(QStringLiteral("StartAP"))->setEnabled(false);
-    Toolbar1->button(QStringLiteral("StopAP"))->setEnabled(true);
-    mnuPlayerStartAP->setEnabled(false);
-    mnuPlayerStopAP->setEnabled(true);
-    m_.SetPlayerState();
+    switchAutoPlay(true);
 }
 
 void frmMain::mnuPlayerStopAP_Click() {
-    Timer1->setEnabled(false);
-    m_.APRunning = false;
-    Toolbar1->button(QStringLiteral("StartAP"))->setEnabled(true);
-    Toolbar1->button(QStringLiteral("StopAP"))->setEnabled(false);
-    mnuPlayerStartAP->setEnabled(true);
-    mnuPlayerStopAP->setEnabled(false);
-    m_.SetPlayerState();
+    switchAutoPlay(false);
+}
+
+void frmMain::switchAutoPlay(bool on) {
+    Timer1->setEnabled(on);
+    m_.APRunning = on;
+    setCommandEnabled(&frmMain::mnuPlayerStartAP, !on);
+    setCommandEnabled(&frmMain::mnuPlayerStopAP, on);
+    SetPlayerState();
 }
 
 void frmMain::Timer1_Timer() {
@@ -32,8 +30,7 @@ void frmMain::Timer1_Timer() {
 
 void frmMain::AutoPlay() {
     const QString& mode = m_.APMode;
-    if (mode != QLatin1String("PS") && mode != QLatin1String("PR") &&
-        mode != QLatin1String("PNP") && mode != QLatin1String("PPP"))
+    if (!isAPMode(mode))
         return;
     if (Tavlon1->Ply() != Tavlon1->GameLength()) {
         mnuPlayerMoveNext_Click();
@@ -41,28 +38,25 @@ void frmMain::AutoPlay() {
     }
     // The end of the game takes a tick of its own; switching the timer off and on again
     // restarts its interval, so the next game stands at its start for one full interval.
+    Timer1->setEnabled(false);
     if (mode == QLatin1String("PS")) {
-        Timer1->setEnabled(false);
         mnuPlayerStopAP_Click();
     } else if (mode == QLatin1String("PR")) {
-        Timer1->setEnabled(false);
         Tavlon1->GotoPly(0);
         Timer1->setEnabled(true);
     } else if (mode == QLatin1String("PNP")) {
-        Timer1->setEnabled(false);
         if (lstPGNFiles->ListIndex() < lstPGNFiles->ListCount() - 1) {
             mnuPlayerNextGame_Click();
             Timer1->setEnabled(true);
         } else {
             mnuPlayerStopAP_Click();
         }
+    } else if (lstPGNFiles->ListIndex() > 0) {
+        mnuPlayerPreviousGame_Click();
+        Timer1->setEnabled(true);
     } else {
-        Timer1->setEnabled(false);
-        if (lstPGNFiles->ListIndex() > 0) {
-            mnuPlayerPreviousGame_Click();
-            Timer1->setEnabled(true);
-        } else {
-            mnuPlayerStopAP_Click();
-        }
+        mnuPlayerStopAP_Click();
     }
 }
+
+} // namespace tolvisk

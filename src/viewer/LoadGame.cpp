@@ -1,15 +1,18 @@
 // Putting a stored game on the board, a new game, and moving from game to game.
 
 #include "platform/Errors.h"
+#include "platform/Numbers.h"
+#include "platform/Painting.h"
 #include "platform/Platform.h"
 #include "store/Module1.h"
+#include "store/TagLines.h"
 #include "viewer/frmMain.h"
 
-using namespace tolvisk;
+namespace tolvisk {
 
 void frmMain::mnuFileLoad_Click() {
     try {
-        m_.PromptSaveGame();
+        PromptSaveGame();
         if (m_.SaveCancelled)
             return;
         txtPreview->setText(m_.record(lstPGNFiles->ListIndex() + 1).Moves);
@@ -19,24 +22,22 @@ void frmMain::mnuFileLoad_Click() {
             return;
         }
         platform_.setBusy(true);
-        platform_.repaint(this);
+        repaintNow(this);
         if (lstPGNFiles->ListIndex() == -1)
             lstPGNFiles->setListIndex(0);
         m_.CurrentGame = toInt16(lstPGNFiles->ListIndex() + 1);
-        m_.FillTagList();
+        FillTagList();
         CheckForForsyth();
         const QString& moves = m_.record(lstPGNFiles->ListIndex() + 1).Moves;
         if (!IsForsythGame)
             Tavlon1->LoadMoves(moves);
         else
             Tavlon1->LoadMovesFrom(MyForsyth, moves);
-        m_.ShowPlayerNames();
-        m_.UpdateGameStats();
-        m_.BuildMoveList();
-        m_.SetPlayerState();
-        const bool deleted = m_.record(lstPGNFiles->ListIndex() + 1).Deleted;
-        mnuEditmarkDeleted->setChecked(deleted);
-        Toolbar1->setPressed(QStringLiteral("Delete"), deleted);
+        ShowPlayerNames();
+        UpdateGameStats();
+        BuildMoveList();
+        SetPlayerState();
+        showDeletedMark(m_.record(lstPGNFiles->ListIndex() + 1).Deleted);
         platform_.setBusy(false);
     } catch (const std::exception&) {
         platform_.setBusy(false);
@@ -46,37 +47,16 @@ void frmMain::mnuFileLoad_Click() {
 }
 
 void frmMain::CheckForForsyth() {
-    IsForsythGame = false;
-    MyForsyth.clear();
-    const QStringList tags = lstTags->items();
-    if (tags.isEmpty())
-        return;
-    for (const QString& tag : tags)
-        if (tag.contains(QLatin1String("SetUp \"1\""))) {
-            IsForsythGame = true;
-            break;
-        }
-    if (!IsForsythGame)
-        return;
-    for (const QString& tag : tags) {
-        if (!tag.contains(QLatin1String("Forsyth")))
-            continue;
-        const qsizetype first = tag.indexOf(QLatin1Char('"'));
-        if (first < 0)
-            throw RuntimeError(QStringLiteral("Subscript out of range"), 9);
-        const qsizetype second = tag.indexOf(QLatin1Char('"'), first + 1);
-        MyForsyth = second < 0 ? tag.mid(first + 1) : tag.mid(first + 1, second - first - 1);
-        return;
-    }
+    findForsythTag(lstTags->items(), IsForsythGame, MyForsyth);
 }
 
 void frmMain::mnuFileNew_Click() {
-    m_.PromptSaveGame();
+    PromptSaveGame();
     if (m_.SaveCancelled)
         return;
     SetupNewGame();
-    m_.SetPlayerState();
-    m_.UpdateGameStats();
+    SetPlayerState();
+    UpdateGameStats();
 }
 
 void frmMain::mnuPlayerNextGame_Click() {
@@ -102,3 +82,5 @@ void frmMain::lstPGNFiles_DblClick() {
 void frmMain::lstTags_DblClick() {
     mnuToolsEditTags_Click();
 }
+
+} // namespace tolvisk

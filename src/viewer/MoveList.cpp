@@ -1,65 +1,89 @@
-// The annotation buttons and the double click on a move number.
+// The move list in its three styles, the annotation buttons, and the double click on a move
+// number.
 
+#include "platform/Errors.h"
+#include "platform/Numbers.h"
 #include "store/Module1.h"
 #include "viewer/frmMain.h"
 
-#include <cmath>
-#include <limits>
+namespace tolvisk {
+
+namespace {
+
+// The text's non-empty lines side by side, each followed by one blank.
+QString joinedLines(const QString& text) {
+    QString out;
+    for (QStringView piece : QStringView(text).split(kCrLf)) {
+        if (piece.isEmpty())
+            continue;
+        out += piece;
+        out += QLatin1Char(' ');
+    }
+    return out;
+}
+
+} // namespace
+
+void frmMain::BuildMoveList() {
+    if (m_.MoveListStyle == QLatin1String("L")) {
+        txtMoveList->setText(Tavlon1->MovesAsList());
+    } else if (m_.MoveListStyle == QLatin1String("P")) {
+        txtMoveList->setText(joinedLines(Tavlon1->MovesAsParagraph()));
+    } else if (m_.MoveListStyle == QLatin1String("A")) {
+        // Each annotation ends a display line.
+        QString out;
+        for (const QString& part : joinedLines(Tavlon1->MovesAnnotated()).split(QLatin1Char('}'))) {
+            if (part.isEmpty())
+                continue;
+            out += part;
+            if (part.contains(QLatin1Char('{')))
+                out += QLatin1Char('}');
+            out += kCrLf;
+        }
+        txtMoveList->setText(out);
+    }
+    HighlightCurrentMove();
+}
 
 void frmMain::cmdSetAnno_Click() {
     Tavlon1->SetAnnotation(txtAnnotation->Text());
     Tavlon1->setGameChanged(true);
-    m_.SetPlayerState();
+    SetPlayerState();
     if (m_.MoveListStyle == QLatin1String("A"))
-        m_.BuildMoveList();
+        BuildMoveList();
 }
 
 void frmMain::cmdClearAnnotation_Click() {
     txtAnnotation->setText(QString());
     Tavlon1->setGameChanged(true);
-    m_.SetPlayerState();
+    SetPlayerState();
     if (m_.MoveListStyle == QLatin1String("A"))
-        m_.BuildMoveList();
+        BuildMoveList();
 }
-
-namespace {
-
-// The number a text starts with; 0 when it starts with none.
-double leadingValue(const QString& text) {
-    qsizetype end = 0;
-    while (end < text.size() && text[end].isDigit())
-        ++end;
-    return end ? text.left(end).toDouble() : 0.0;
-}
-
-// "12" or "12." (blanks round it allowed) is numeric.
-bool numericWord(const QString& text, double& value) {
-    QString t = text.trimmed();
-    if (t.endsWith(QLatin1Char('.')))
-        t.chop(1);
-    bool ok = false;
-    value = t.toDouble(&ok);
-    return ok && !t.isEmpty();
-}
-
-} // namespace
 
 void frmMain::txtMoveList_DblClick() {
     const QString selected = txtMoveList->SelText();
     double number = 0;
     if (m_.MoveListStyle == QLatin1String("P")) {
+        // The word holds number, dot and move; the number it starts with counts.
         if (!selected.contains(QLatin1Char('.')))
             return;
-        number = leadingValue(selected.section(QLatin1Char('.'), 0, 0));
-    } else if (!numericWord(selected, number)) {
-        return;
+        number = leadingNumber(selected.section(QLatin1Char('.'), 0, 0));
+    } else {
+        const std::optional<double> value = decimalNumber(selected);
+        if (!value)
+            return;
+        number = *value;
     }
-    const double target = std::round(number * 2);
-    // A number too large for a ply is no move of this game.
-    if (target > std::numeric_limits<int16_t>::max() ||
-        target < std::numeric_limits<int16_t>::min())
-        return;
-    Tavlon1->GotoPly(int16_t(target));
-    m_.UpdateGameStats();
-    m_.SetPlayerState();
+    int16_t target = 0;
+    try {
+        target = roundToInt16(number * 2);
+    } catch (const RuntimeError&) {
+        return; // a number too large for a ply is no move of this game
+    }
+    Tavlon1->GotoPly(target);
+    UpdateGameStats();
+    SetPlayerState();
 }
+
+} // namespace tolvisk

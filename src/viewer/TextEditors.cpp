@@ -117,16 +117,18 @@ std::vector<EditorCommand> editorCandidates(EditorKind kind) {
 }
 
 void startTextEditor(Platform& platform, EditorKind kind) {
-    QString lastError = QStringLiteral("File not found");
+    QStringList tried;
     for (const EditorCommand& command : editorCandidates(kind)) {
         try {
             platform.startProgram(command.program, command.arguments);
             return;
-        } catch (const RuntimeError& e) {
-            lastError = e.description();
+        } catch (const RuntimeError&) {
+            tried << QFileInfo(command.program).fileName();
         }
     }
-    throw RuntimeError(lastError, 53);
+    throw RuntimeError(QStringLiteral("No text editor was found. Tried: %1.")
+                           .arg(tried.join(QStringLiteral(", "))),
+                       53);
 }
 
 } // namespace tolvisk

@@ -29,7 +29,8 @@ std::optional<EditorCommand> desktopTextEditor();
 // processors first and then all of those.
 std::vector<EditorCommand> editorCandidates(EditorKind kind);
 
-// Starts the first candidate that starts; throws the last platform error when none does.
+// Starts the first candidate that starts; when none does, throws an error that says so and names
+// the programs tried.
 void startTextEditor(Platform& platform, EditorKind kind);
 
 } // namespace tolvisk

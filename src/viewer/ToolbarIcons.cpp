@@ -47,6 +47,15 @@ void disk(QPainter& p, QPointF at, const QColor& body) {
     p.drawRect(QRectF(at.x() + 3, at.y() + 7, 5, 3));
 }
 
+// A round button of that colour, ready for a sign in paper colour on it.
+void disc(QPainter& p, const QColor& colour) {
+    p.setPen(QPen(kInk, 1));
+    p.setBrush(colour);
+    p.drawEllipse(QRectF(1.5, 1.5, 13, 13));
+    p.setPen(Qt::NoPen);
+    p.setBrush(kPaper);
+}
+
 // A triangle pointing left (dir -1) or right (dir 1), with an optional bar.
 void arrow(QPainter& p, int dir, bool bar, bool doubled, const QColor& colour = kBlue) {
     p.setPen(Qt::NoPen);
@@ -178,25 +187,15 @@ void draw(QPainter& p, int index) {
         arrow(p, 1, false, true, kGreen);
         break;
     case 19: // Start auto play
-        p.setPen(QPen(kInk, 1));
-        p.setBrush(kGreen);
-        p.drawEllipse(QRectF(1.5, 1.5, 13, 13));
-        p.setPen(Qt::NoPen);
-        p.setBrush(kPaper);
+        disc(p, kGreen);
         p.drawPolygon(QPolygonF() << QPointF(6, 4.5) << QPointF(12, 8) << QPointF(6, 11.5));
         break;
     case 20: // Stop auto play
-        p.setPen(QPen(kInk, 1));
-        p.setBrush(kRed);
-        p.drawEllipse(QRectF(1.5, 1.5, 13, 13));
-        p.setPen(Qt::NoPen);
-        p.setBrush(kPaper);
+        disc(p, kRed);
         p.drawRect(QRectF(5, 5, 6, 6));
         break;
     default: // Help
-        p.setPen(QPen(kInk, 1));
-        p.setBrush(kBlue);
-        p.drawEllipse(QRectF(1.5, 1.5, 13, 13));
+        disc(p, kBlue);
         p.setPen(kPaper);
         QFont font = p.font();
         font.setPixelSize(11);

@@ -1,8 +1,8 @@
 #pragma once
 
 // The main window: game list, preview, board, tags, move list, annotation, menus, toolbar and
-// status bar. Its handlers are spread over files by subject (import, saving, loading, player
-// state, move list, auto play, start-up file); this header names them all.
+// status bar, with the routines that keep them in step with the store. Its handlers are spread
+// over files by subject; this header names them all.
 
 #include "board/Tavlon.h"
 #include "platform/Controls.h"
@@ -14,15 +14,15 @@
 #include <QPushButton>
 
 namespace tolvisk {
+
 class Application;
 class Module1;
 class Platform;
-} // namespace tolvisk
 
 class frmMain : public QMainWindow {
     Q_OBJECT
 public:
-    explicit frmMain(tolvisk::Application& app);
+    explicit frmMain(Application& app);
     ~frmMain() override;
 
     // Form variables.
@@ -30,7 +30,7 @@ public:
     QString MyForsyth;
 
     // Controls.
-    tolvisk::ToolBar* Toolbar1 = nullptr;
+    ToolBar* Toolbar1 = nullptr;
     QWidget* picMain = nullptr;
     QWidget* Picture1 = nullptr;
     Tavlon* Tavlon1 = nullptr;
@@ -42,19 +42,19 @@ public:
     QLabel* lblCastle = nullptr;
     QLabel* lblPly = nullptr;
     QLabel* lblGameLength = nullptr;
-    tolvisk::ListBox* lstTags = nullptr;
-    tolvisk::TextBox* txtMoveList = nullptr;
+    ListBox* lstTags = nullptr;
+    TextBox* txtMoveList = nullptr;
     QLabel* Label1 = nullptr;
-    tolvisk::TextBox* txtAnnotation = nullptr;
+    TextBox* txtAnnotation = nullptr;
     QPushButton* cmdClearAnnotation = nullptr;
     QPushButton* cmdSetAnno = nullptr;
-    tolvisk::TextBox* txtPreview = nullptr;
-    tolvisk::ListBox* lstPGNFiles = nullptr;
-    tolvisk::PanelStatusBar* sbStatusBar = nullptr;
-    tolvisk::Timer* Timer1 = nullptr;
-    tolvisk::Timer* Timer2 = nullptr;
+    TextBox* txtPreview = nullptr;
+    ListBox* lstPGNFiles = nullptr;
+    PanelStatusBar* sbStatusBar = nullptr;
+    Timer* Timer1 = nullptr;
+    Timer* Timer2 = nullptr;
 
-    // Menus.
+    // Menus; their entries are described in the command table (Commands.cpp).
     QMenu* mnuFile = nullptr;
     QAction* mnuFileNew = nullptr;
     QAction* mnuFileOpen = nullptr;
@@ -103,14 +103,7 @@ public:
     // Returns the cancel flag.
     bool Form_QueryUnload();
     void Form_Unload();
-    void Form_Resize();
     void Toolbar1_ButtonClick(const QString& key);
-    using Handler = void (frmMain::*)();
-    // The handler a toolbar key runs, the one its menu entry runs; none for "Variation" (which
-    // shows the variation board) and for any key not on the toolbar.
-    static Handler toolbarHandler(const QString& key);
-    void mnuViewToolbar_Click();
-    void mnuViewStatusBar_Click();
     void mnuFileExit_Click();
     void mnuToolsEditorsNotepad_Click();
     void mnuToolsEditorsWordPad_Click();
@@ -125,22 +118,35 @@ public:
     void mnuEditCopyClipboard_Click();
     void mnuEditCopyBitmap_Click();
 
-    // Store (store/StoreHandlers.cpp).
+    // Layout (frmMainLayout.cpp).
+    void Form_Resize();
+    void mnuViewToolbar_Click();
+    void mnuViewStatusBar_Click();
+
+    // The store in the game list (GameLists.cpp).
+    void ClearGames();
+    void FillGameList();
+    void FillTagList();
+    void ShowPlayerNames();
     void SetupNewGame();
     void lstPGNFiles_Click();
     void mnuEditmarkDeleted_Click();
     void mnuFileClose_Click();
-    // Import (store/Import.cpp).
+
+    // Import (OpenFile.cpp).
     void mnuFileOpen_Click();
-    // The filter string of the PGN file dialogs.
-    static QString pgnFileFilter();
-    // Saving (store/Save.cpp).
+
+    // Saving (Save.cpp).
     void mnuFileSave_Click();
     void mnuFileSaveAs_Click();
     void mnuFileSaveAll_Click();
     void mnuFileSaveAllAs_Click();
+    void PromptSaveGame();
+    void PromptSaveFile();
+    // Both prompts, game first; false as soon as one is cancelled (the second then never asks).
+    bool promptSaveBoth();
 
-    // Loading (viewer/LoadGame.cpp).
+    // Loading (LoadGame.cpp).
     void mnuFileLoad_Click();
     void CheckForForsyth();
     void mnuFileNew_Click();
@@ -149,7 +155,10 @@ public:
     void lstPGNFiles_DblClick();
     void lstTags_DblClick();
 
-    // Player state (viewer/PlayerState.cpp).
+    // Player state (PlayerState.cpp).
+    void SetPlayerState();
+    void UpdateGameStats();
+    void HighlightCurrentMove();
     void mnuPlayerMoveFirst_Click();
     void mnuPlayerMovePrevious_Click();
     void mnuPlayerMoveNext_Click();
@@ -157,46 +166,66 @@ public:
     void mnuBoardReverse_Click();
     void Tavlon1_MoveAdded();
     void Tavlon1_Moved();
-    void Tavlon1_BoardNotice();
 
-    // Move list (viewer/MoveList.cpp).
+    // Move list (MoveList.cpp).
+    void BuildMoveList();
     void cmdSetAnno_Click();
     void cmdClearAnnotation_Click();
     void txtMoveList_DblClick();
 
-    // Auto play (viewer/AutoPlay.cpp).
+    // Auto play (AutoPlay.cpp).
     void mnuPlayerStartAP_Click();
     void mnuPlayerStopAP_Click();
     void Timer1_Timer();
     void AutoPlay();
 
-    // Start-up file (viewer/StartupFile.cpp).
+    // Start-up file (StartupFile.cpp).
     void ReadStartupFile();
     void WriteStartupFile();
 
-    tolvisk::Application& app() { return app_; }
-    static constexpr int kToolbarHeightTwips = 360;
+    Application& app() { return app_; }
+    // Runs a handler for an event; an error no handler took is shown in a box, not fatal.
+    using Handler = void (frmMain::*)();
+    void run(Handler handler);
     // The folder the File Open dialog starts in: the bundled samples until another folder has
     // been used.
     QString openDialogStartDir();
-    void rememberOpenDir(const QString& path);
-    // Runs a handler for an event; an error no handler took is shown in a box, not fatal.
-    void run(void (frmMain::*handler)());
-    // A control's top in twips from the top of the client area, toolbar included.
-    void setTopTwips(QWidget* widget, int top);
-    int topTwips(QWidget* widget) const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    tolvisk::Application& app_;
-    tolvisk::Module1& m_;
-    tolvisk::Platform& platform_;
-    void createControls();
-    void createMenus();
-    void createToolbar();
-    void connectHandlers();
+    Application& app_;
+    Module1& m_;
+    Platform& platform_;
     QString lastOpenDir_;
+    static constexpr int kToolbarHeightTwips = 360;
+
+    void createControls();
+    // Menus, toolbar and their wiring, from the command table (Commands.cpp).
+    void createCommands();
+    // A command's menu entry and toolbar button alike.
+    void setCommandEnabled(QAction* frmMain::*entry, bool enabled);
+    // Stage 1 of SetPlayerState: every command's enabled state by its rule.
+    struct CommandState {
+        int P, L, I, C;
+        bool G, F, N, A;
+    };
+    void enableCommands(const CommandState& state);
+    // The deleted mark of a game: the menu entry checked, then the toolbar button pressed.
+    void showDeletedMark(bool deleted);
+    void showFileTitle(const QString& path);
+    // Auto play on or off: the timer, APRunning, and the pair of commands.
+    void switchAutoPlay(bool on);
+    // A stepping command: the board steps, then the move number is selected.
+    void step(void (Tavlon::*move)());
+    // A save prompt: when `changed`, asks Yes, No or Cancel; Yes runs `save`, Cancel sets
+    // SaveCancelled.
+    void promptToSave(bool changed, const QString& text, const QString& title, Handler save);
+    void rememberOpenDir(const QString& path);
+    // A control's top in twips from the top of the client area, toolbar included.
+    void setTopTwips(QWidget* widget, int top);
 };
+
+} // namespace tolvisk

@@ -1,14 +1,21 @@
-// Text files kept byte for byte, and the control rules the windows rely on.
+// Text files kept byte for byte, the number conversions, and the control rules the windows rely
+// on, driven by real input.
 
 #include "platform/Controls.h"
 #include "platform/Errors.h"
+#include "platform/Numbers.h"
 #include "platform/QtPlatform.h"
 #include "platform/TextFile.h"
-#include "support/ScriptedPlatform.h"
+#include "support/AppFixture.h"
 
+#include <QApplication>
+#include <QFileDialog>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
+#include <QToolTip>
 
 using namespace tolvisk;
 
@@ -17,41 +24,35 @@ class TestPlatform : public QObject {
 private slots:
     void encodingRoundTrip_data();
     void encodingRoundTrip();
-    void lineInput_data();
-    void lineInput();
-    void writerWritesCrLf();
-    void writerFallsBackToUtf8();
-    void writerFailsOnUnwritablePath();
-    void fileFilter();
-    void listBoxClick();
-    void listBoxBulkFill();
-    void textBoxCountsCrLfAsTwo();
+    void writer();
+    void numbers_data();
+    void numbers();
+    void listSelection_data();
+    void listSelection();
+    void listDoubleClickAndToolTip();
+    void textBoxKeepsEveryCharacter();
     void doubleClickSelectsTheBlankDelimitedWord();
-    void toolbarByKey();
     void timerRestartsWhenEnabled();
-    void scriptedPlatformFailsOnUnexpectedBox();
+    void saveDialogAddsTheFilterExtension_data();
+    void saveDialogAddsTheFilterExtension();
 };
 
 void TestPlatform::encodingRoundTrip_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<int>("encoding");
     QTest::addColumn<QString>("text");
-    QTest::newRow("ascii") << QByteArray("1. e4 e5\r\n") << int(TextEncoding::Utf8)
-                           << QStringLiteral("1. e4 e5\r\n");
-    QTest::newRow("utf-8") << QByteArray("R\xC3\xA9ti") << int(TextEncoding::Utf8)
-                           << QStringLiteral("R\u00e9ti");
-    QTest::newRow("utf-8 bom") << QByteArray("\xEF\xBB\xBFH\xC3\xB8") << int(TextEncoding::Utf8Bom)
-                               << QStringLiteral("H\u00f8");
-    QTest::newRow("latin-1") << QByteArray("R\xE9ti S\xE4misch") << int(TextEncoding::Windows1252)
-                             << QStringLiteral("R\u00e9ti S\u00e4misch");
-    QTest::newRow("cp437 bytes and undefined 1252 bytes")
-        << QByteArray("Br\x81ssel \x8D\x8F\x90\x9D \x80") << int(TextEncoding::Windows1252)
-        << QStringLiteral("Br\u0081ssel \u008d\u008f\u0090\u009d \u20ac");
-    QTest::newRow("overlong utf-8 is no utf-8")
-        << QByteArray("\xC0\xAF") << int(TextEncoding::Windows1252)
-        << QStringLiteral("\u00c0\u00af");
-    QTest::newRow("truncated utf-8 is no utf-8")
-        << QByteArray("ab\xC3") << int(TextEncoding::Windows1252) << QStringLiteral("ab\u00c3");
+    auto row = [](const char* name, const QByteArray& bytes, TextEncoding e, const QString& text) {
+        QTest::newRow(name) << bytes << int(e) << text;
+    };
+    const auto utf8 = TextEncoding::Utf8, cp1252 = TextEncoding::Windows1252;
+    row("ascii", "1. e4 e5\r\n", utf8, "1. e4 e5\r\n");
+    row("utf-8", "R\xC3\xA9ti", utf8, "R\u00e9ti");
+    row("utf-8 bom", "\xEF\xBB\xBFH\xC3\xB8", TextEncoding::Utf8Bom, "H\u00f8");
+    row("latin-1", "R\xE9ti\xA0S\xE4misch", cp1252, "R\u00e9ti\u00a0S\u00e4misch");
+    row("cp437 bytes and undefined 1252 bytes", "Br\x81ssel \x8D\x8F\x90\x9D \x80", cp1252,
+        "Br\u0081ssel \u008d\u008f\u0090\u009d \u20ac");
+    row("overlong utf-8 is no utf-8", "\xC0\xAF", cp1252, "\u00c0\u00af");
+    row("truncated utf-8 is no utf-8", "ab\xC3", cp1252, "ab\u00c3");
 }
 
 void TestPlatform::encodingRoundTrip() {
@@ -66,119 +67,177 @@ void TestPlatform::encodingRoundTrip() {
     QCOMPARE(int(used), encoding);
 }
 
-void TestPlatform::lineInput_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QStringList>("lines");
-    QTest::newRow("crlf") << QByteArray("a\r\nb\r\n") << QStringList{"a", "b"};
-    QTest::newRow("lone cr and lf") << QByteArray("a\rb\nc") << QStringList{"a", "b", "c"};
-    QTest::newRow("empty lines") << QByteArray("\r\n\r\n\n") << QStringList{"", "", ""};
-    QTest::newRow("last line without end") << QByteArray("a\r\nb") << QStringList{"a", "b"};
-    QTest::newRow("bom is not part of the line")
-        << QByteArray("\xEF\xBB\xBF[Event \"x\"]\r\n") << QStringList{"[Event \"x\"]"};
-    QTest::newRow("empty file") << QByteArray() << QStringList{};
-}
-
-void TestPlatform::lineInput() {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QStringList, lines);
-    TextFileReader reader(bytes);
-    QStringList read;
-    qint64 last = -1;
-    while (!reader.atEnd()) {
-        read << reader.lineInput();
-        QVERIFY(reader.position() > last);
-        last = reader.position();
-    }
-    QCOMPARE(read, lines);
-    QCOMPARE(reader.position(), reader.length());
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, reader.lineInput());
-}
-
-void TestPlatform::writerWritesCrLf() {
+void TestPlatform::writer() {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("a.txt"));
-    {
-        TextFileWriter w(path, TextEncoding::Windows1252);
-        w.print(QStringLiteral("R\u00e9ti"));
-        w.write(QStringLiteral("x"));
-    }
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    QCOMPARE(f.readAll(), QByteArray("R\xE9ti\r\nx"));
-}
-
-void TestPlatform::writerFallsBackToUtf8() {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("a.txt"));
-    TextFileWriter w(path, TextEncoding::Windows1252);
-    w.print(QStringLiteral("\u017dilina \u0160ah")); // fits 1252
-    w.print(QStringLiteral("\u0141\u00f3d\u017a"));  // does not
-    w.close();
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(f.readAll()),
-             QStringLiteral("\u017dilina \u0160ah\r\n\u0141\u00f3d\u017a\r\n"));
-}
-
-void TestPlatform::writerFailsOnUnwritablePath() {
+    auto written = [&](TextEncoding encoding, const QString& text) {
+        {
+            TextFileWriter w(path, encoding);
+            w.print(text);
+            w.write(QStringLiteral("x"));
+        }
+        return AppFixture::readFile(path);
+    };
+    QCOMPARE(written(TextEncoding::Windows1252, QStringLiteral("R\u00e9ti \u0160ah")),
+             QByteArray("R\xE9ti \x8A"
+                        "ah\r\nx"));
+    // A character the code page cannot hold makes the whole file UTF-8.
+    QCOMPARE(written(TextEncoding::Windows1252, QStringLiteral("R\u00e9ti \u0141\u00f3d\u017a")),
+             QStringLiteral("R\u00e9ti \u0141\u00f3d\u017a\r\nx").toUtf8());
     QVERIFY_THROWS_EXCEPTION(
         RuntimeError, TextFileWriter(QStringLiteral("/nonexistent/dir/x.pgn"), TextEncoding::Utf8));
     QVERIFY_THROWS_EXCEPTION(RuntimeError, readTextFile(QStringLiteral("/nonexistent/x.pgn")));
 }
 
-void TestPlatform::fileFilter() {
-    QCOMPARE(qtFileFilter(QStringLiteral(
-                 "PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*")),
-             QStringLiteral("PGN files (*.pgn);;Text files (*.txt);;All files (*.*)"));
+void TestPlatform::numbers_data() {
+    // The conversion, its text, and what it gives: a number, or "error" / "none".
+    QTest::addColumn<QString>("conversion");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("result");
+    const char* rows[][3] = {
+        {"leading", " 1 ", "1"},
+        {"leading", "12abc", "12"},
+        {"leading", "abc", "0"},
+        {"leading", " -3", "-3"},
+        {"leading", "2.75x", "2.75"},
+        {"leading", ".5", "0.5"},
+        {"leading", "1e2", "100"},
+        {"leading", "2e", "2"},
+        {"leading", "1 2", "1"},
+        {"int32", "  255  ", "255"},
+        {"int32", "-2", "-2"},
+        {"int32", "2.5", "2"},
+        {"int32", "3.5", "4"},
+        {"int32", "2147483647", "2147483647"},
+        {"int32", "2147483648", "error"},
+        {"int32", "255x", "error"},
+        {"int32", "", "error"},
+        {"int32", "inf", "error"},
+        {"decimal", " 12. ", "12"},
+        {"decimal", "-2.5", "-2.5"},
+        {"decimal", "nan", "none"},
+        {"decimal", "inf", "none"},
+        {"decimal", "1e2", "none"},
+        {"decimal", "0x10", "none"},
+        {"decimal", "12a", "none"},
+        {"decimal", ".", "none"},
+        {"int16", "32767.4", "32767"},
+        {"int16", "32767.5", "error"},
+        {"int16", "-32768", "-32768"},
+        {"int16", "nan", "error"},
+    };
+    for (const auto& [conversion, text, result] : rows)
+        QTest::addRow("%s \"%s\"", conversion, text)
+            << QString::fromLatin1(conversion) << QString::fromLatin1(text)
+            << QString::fromLatin1(result);
 }
 
-void TestPlatform::listBoxClick() {
+void TestPlatform::numbers() {
+    QFETCH(QString, conversion);
+    QFETCH(QString, text);
+    QFETCH(QString, result);
+    QString got;
+    try {
+        if (conversion == QLatin1String("leading")) {
+            got = QString::number(leadingNumber(text));
+        } else if (conversion == QLatin1String("int32")) {
+            got = QString::number(toInt32(text));
+        } else if (conversion == QLatin1String("int16")) {
+            got = QString::number(roundToInt16(text.toDouble()));
+        } else {
+            const std::optional<double> value = decimalNumber(text);
+            got = value ? QString::number(*value) : QStringLiteral("none");
+        }
+    } catch (const RuntimeError&) {
+        got = QStringLiteral("error");
+    }
+    QCOMPARE(got, result);
+}
+
+// Every change of the selection raises Click once, after it, whoever makes it; and the user can
+// move the selection but not take it away.
+void TestPlatform::listSelection_data() {
+    QTest::addColumn<int>("start"); // selected by program first; -1 none
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QList<int>>("clicks"); // ListIndex as each Click saw it
+    QTest::newRow("click an entry") << -1 << "click 2" << 2 << QList<int>{2};
+    QTest::newRow("click another entry") << 0 << "click 1" << 1 << QList<int>{1};
+    QTest::newRow("click the selected entry") << 1 << "click 1" << 1 << QList<int>{};
+    QTest::newRow("click below the entries") << 1 << "click -1" << 1 << QList<int>{};
+    QTest::newRow("ctrl+click the selected entry") << 1 << "ctrl-click 1" << 1 << QList<int>{};
+    QTest::newRow("ctrl+click another entry") << 1 << "ctrl-click 2" << 2 << QList<int>{2};
+    QTest::newRow("ctrl+space") << 1 << "ctrl-space" << 1 << QList<int>{};
+    QTest::newRow("down arrow") << 0 << "key down" << 1 << QList<int>{1};
+    QTest::newRow("end key") << 0 << "key end" << 2 << QList<int>{2};
+    QTest::newRow("program, the same entry again") << 1 << "program 1" << 1 << QList<int>{1};
+    QTest::newRow("program, none") << 1 << "program -1" << -1 << QList<int>{-1};
+}
+
+void TestPlatform::listSelection() {
+    QFETCH(int, start);
+    QFETCH(QString, input);
+    QFETCH(int, index);
+    QFETCH(QList<int>, clicks);
     ListBox list;
     list.setItems({"a", "b", "c"});
-    QSignalSpy clicks(&list, &ListBox::Click);
-    QCOMPARE(list.ListIndex(), int16_t(-1));
-    list.setListIndex(1);
-    list.setListIndex(1); // the same again still clicks
-    list.setListIndex(-1);
-    QCOMPARE(clicks.count(), 3);
-    QCOMPARE(list.ListIndex(), int16_t(-1));
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, list.setListIndex(3));
-    // A user's click raises Click once.
     list.resize(200, 200);
     list.show();
-    clicks.clear();
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
-                      list.visualRect(list.model()->index(2, 0)).center());
-    QCOMPARE(clicks.count(), 1);
-    QCOMPARE(list.ListIndex(), int16_t(2));
-    list.AddItem(QStringLiteral("z"), 0);
-    QCOMPARE(list.List(0), QStringLiteral("z"));
-    list.RemoveItem(0);
-    QCOMPARE(list.ListCount(), int16_t(3));
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    list.setListIndex(int16_t(start));
+    QList<int> seen;
+    connect(&list, &ListBox::Click, this, [&] { seen << list.ListIndex(); });
+    const QStringList words = input.split(QLatin1Char(' '));
+    const int row = words.value(1).toInt();
+    if (words[0] == QLatin1String("click"))
+        clickList(list, row);
+    else if (words[0] == QLatin1String("ctrl-click"))
+        clickList(list, row, Qt::ControlModifier);
+    else if (words[0] == QLatin1String("ctrl-space"))
+        QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
+    else if (words[0] == QLatin1String("key"))
+        QTest::keyClick(&list, words[1] == QLatin1String("end") ? Qt::Key_End : Qt::Key_Down);
+    else
+        list.setListIndex(int16_t(row));
+    QCOMPARE(seen, clicks);
+    QCOMPARE(int(list.ListIndex()), index);
+    // What the user sees selected is ListIndex.
+    const QModelIndexList selected = list.selectionModel()->selectedIndexes();
+    QCOMPARE(selected.isEmpty() ? -1 : selected.first().row(), index);
 }
 
-void TestPlatform::listBoxBulkFill() {
+void TestPlatform::listDoubleClickAndToolTip() {
     ListBox list;
-    QStringList items;
-    for (int i = 0; i < 32000; ++i)
-        items << QString::number(i);
-    list.setItems(items);
-    QCOMPARE(list.ListCount(), int16_t(32000));
-    QCOMPARE(list.ListIndex(), int16_t(-1));
-    QCOMPARE(list.List(31999), QStringLiteral("31999"));
+    list.setToolTip(QStringLiteral("Games loaded into database"));
+    list.resize(200, 200);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    QSignalSpy doubleClicks(&list, &ListBox::DblClick);
+    doubleClickList(list, -1); // an empty list
+    QCOMPARE(doubleClicks.count(), 1);
+    list.setItems({"[Event \"A\"] ", "[Event \"B\"] "});
+    doubleClickList(list, 1);
+    doubleClickList(list, -1);
+    QCOMPARE(doubleClicks.count(), 3);
+    // Over an entry the list's own tip shows, not the entry's text.
+    const QPoint at = entryPoint(list, 0);
+    QHelpEvent help(QEvent::ToolTip, at, list.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(list.viewport(), &help);
+    QTRY_COMPARE(QToolTip::text(), QStringLiteral("Games loaded into database"));
 }
 
-void TestPlatform::textBoxCountsCrLfAsTwo() {
+void TestPlatform::textBoxKeepsEveryCharacter() {
     TextBox box;
-    box.setText(QStringLiteral("1. e4 e5\r\n2. Nf3 Nc6\r\n12. a4"));
-    QCOMPARE(box.Text(), QStringLiteral("1. e4 e5\r\n2. Nf3 Nc6\r\n12. a4"));
-    const int at = int(box.Text().indexOf(QStringLiteral("12.")));
+    const QString text = QStringLiteral("1. e4 {a\u00a0b\tc} e5\r\n2. Nf3\r\n12. a4 \u2028x");
+    box.setText(text);
+    QCOMPARE(box.Text(), text);
+    // Positions count CR LF as two characters.
+    const int at = int(text.indexOf(QStringLiteral("12.")));
     box.setSelStart(at);
     box.setSelLength(3);
     QCOMPARE(box.SelStart(), at);
-    QCOMPARE(box.SelLength(), 3);
     QCOMPARE(box.SelText(), QStringLiteral("12."));
-    box.setSelStart(6);
+    box.setSelStart(int(text.indexOf(QStringLiteral("e5"))));
     box.setSelLength(6);
     QCOMPARE(box.SelText(), QStringLiteral("e5\r\n2."));
     QCOMPARE(box.SelLength(), 6);
@@ -192,27 +251,9 @@ void TestPlatform::doubleClickSelectsTheBlankDelimitedWord() {
     QSignalSpy clicks(&box, &TextBox::DblClick);
     QTextCursor c(box.document());
     c.setPosition(9); // inside "12.Nf3"
-    const QPoint at = box.cursorRect(c).center();
-    QTest::mouseDClick(box.viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(box.viewport(), Qt::LeftButton, {}, box.cursorRect(c).center());
     QCOMPARE(clicks.count(), 1);
     QCOMPARE(box.SelText(), QStringLiteral("12.Nf3"));
-}
-
-void TestPlatform::toolbarByKey() {
-    ToolBar bar;
-    bar.addButton(QStringLiteral("New"), QStringLiteral("New"), QIcon());
-    bar.addSeparatorButton();
-    bar.addButton(QStringLiteral("Delete"), QStringLiteral("Delete"), QIcon(), true);
-    bar.addPlaceholder(100);
-    QCOMPARE(bar.buttonCount(), 4);
-    QCOMPARE(bar.keyAt(3), QStringLiteral("Delete"));
-    QCOMPARE(bar.keyAt(2), QString());
-    QSignalSpy clicks(&bar, &ToolBar::ButtonClick);
-    bar.button(QStringLiteral("New"))->trigger();
-    QCOMPARE(clicks.at(0).at(0).toString(), QStringLiteral("New"));
-    bar.setPressed(QStringLiteral("Delete"), true);
-    QVERIFY(bar.pressed(QStringLiteral("Delete")));
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, bar.button(QStringLiteral("Nope")));
 }
 
 void TestPlatform::timerRestartsWhenEnabled() {
@@ -229,19 +270,37 @@ void TestPlatform::timerRestartsWhenEnabled() {
     QVERIFY(!timer.Enabled());
 }
 
-void TestPlatform::scriptedPlatformFailsOnUnexpectedBox() {
-    ScriptedPlatform p;
-    // An OK box needs no answer; a question does.
-    QCOMPARE(p.msgBox(QStringLiteral("x"), MsgButtons::OK, MsgIcon::None, QString()),
-             MsgResult::OK);
-    p.queueMsgBox(MsgResult::No);
-    QCOMPARE(
-        p.msgBox(QStringLiteral("q"), MsgButtons::YesNo, MsgIcon::Question, QStringLiteral("t")),
-        MsgResult::No);
-    QCOMPARE(p.boxes().size(), size_t(2));
-    QCOMPARE(p.boxes()[1].title, QStringLiteral("t"));
-    p.queueOpenCancel();
-    QVERIFY_THROWS_EXCEPTION(CancelError, p.showOpen(QString(), QString()));
+void TestPlatform::saveDialogAddsTheFilterExtension_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("filter"); // 0 PGN, 1 text, 2 all files
+    QTest::addColumn<QString>("saved");
+    QTest::newRow("bare name, PGN") << "game" << 0 << "game.pgn";
+    QTest::newRow("bare name, text") << "game" << 1 << "game.txt";
+    QTest::newRow("bare name, all files") << "game" << 2 << "game";
+    QTest::newRow("a name with its own extension") << "game.txt" << 0 << "game.txt";
+}
+
+void TestPlatform::saveDialogAddsTheFilterExtension() {
+    QFETCH(QString, typed);
+    QFETCH(int, filter);
+    QFETCH(QString, saved);
+    QTemporaryDir dir;
+    // The user picks the filter, types the name and presses Save.
+    QTimer::singleShot(0, this, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        const QStringList filters = dialog->nameFilters();
+        dialog->selectNameFilter(filters.at(filter));
+        emit dialog->filterSelected(filters.at(filter));
+        dialog->selectFile(dir.filePath(typed));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    QtPlatform platform;
+    const QString path =
+        platform.showSave(QStringLiteral("PGN files (*.pgn) | *.pgn|Text files (*.txt) | "
+                                         "*.txt|All files (*.*) | *.*"),
+                          QString());
+    QCOMPARE(path, dir.filePath(saved));
 }
 
 QTEST_MAIN(TestPlatform)

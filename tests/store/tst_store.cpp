@@ -1,7 +1,14 @@
-// Opening, listing, marking, closing and saving the store, end to end through the main window.
+// The store without any window: the import line classifier, the Save All writer, and the rules
+// of header text (list entry, tag lines, tag values, the start position tags).
 
+#include "platform/Errors.h"
+#include "platform/TextFile.h"
+#include "store/Import.h"
+#include "store/StoreWriter.h"
+#include "store/TagLines.h"
 #include "support/AppFixture.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace tolvisk;
@@ -20,75 +27,63 @@ const QByteArray kClubFile = crlf("% from the club archive\n"
                                   "[Event \"Cup\"]\n"
                                   "1. d4 *\n");
 
+GameStoreArray import(const QByteArray& bytes, ImportResult* result = nullptr,
+                      QList<long>* counts = nullptr) {
+    TextFileReader file(bytes);
+    GameStoreArray store(1);
+    const ImportResult r = importGames(file, store, [&](long count, long percent) {
+        QVERIFY(percent >= 0 && percent <= 101);
+        if (counts)
+            *counts << count;
+    });
+    if (result)
+        *result = r;
+    return store;
+}
+
+QByteArray saveAll(const GameStoreArray& store) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("all.pgn"));
+    {
+        TextFileWriter file(path, TextEncoding::Utf8);
+        writeStore(file, store);
+    }
+    return AppFixture::readFile(path);
+}
+
 } // namespace
 
 class TestStore : public QObject {
     Q_OBJECT
 private slots:
-    void importGivesTheWorkedExampleStore();
-    void saveAllWritesTheWorkedExampleBytes();
+    void workedExample();
     void lineClassification_data();
     void lineClassification();
-    void roundTripKeepsBytes_data();
-    void roundTripKeepsBytes();
-    void cancelledOpenDialog();
-    void unopenableFile();
-    void emptyFileIsNoError();
+    void limitOf32000Games_data();
     void limitOf32000Games();
-    void listPreviewAndPanels();
-    void markAsDeleted();
-    void closeAsksFirst();
-    void saveAllOnEmptyList();
-    void saveNewGameThenSaveAgain();
-    void saveAllLeavesOutMarkedGames();
-    void promptsAndTheirCancel();
-    void saveAsWritesTagsAndMoveList();
+    void saveAllSkipsMarkedGames();
+    void headerText_data();
+    void headerText();
+    void forsythTags_data();
+    void forsythTags();
 };
 
-void TestStore::importGivesTheWorkedExampleStore() {
-    AppFixture f;
-    const QString path = f.openText(kClubFile);
-    QCOMPARE(f.m().GameStore.size(), size_t(3));
-    QCOMPARE(f.m().GameStore[1].Header,
+void TestStore::workedExample() {
+    ImportResult result;
+    QList<long> counts;
+    const GameStoreArray store = import(kClubFile, &result, &counts);
+    QCOMPARE(result.count, 2L);
+    QVERIFY(!result.limitReached);
+    QCOMPARE(counts, (QList<long>{0, 1})); // once a pass, before the pass reads its game
+    QCOMPARE(store.size(), size_t(3));
+    QCOMPARE(store[1].Header,
              QStringLiteral("[Event \"Club\"]\r\n[White \"Ann\"]\r\n[Result \"1-0\"]\r\n"));
-    QCOMPARE(f.m().GameStore[1].Moves,
-             QStringLiteral("1. e4 e5 {Open game} \r\n2. Nf3 Nc6 1-0 \r\n"));
-    QCOMPARE(f.m().GameStore[2].Header, QStringLiteral("[Event \"Cup\"]\r\n"));
-    QCOMPARE(f.m().GameStore[2].Moves, QStringLiteral("1. d4 * \r\n"));
-    QCOMPARE(f.main().windowTitle(), QStringLiteral("Ravelund - ") + path);
-    QCOMPARE(f.main().sbStatusBar->panelText(1), QStringLiteral("Game 1 Of 2"));
-    QCOMPARE(f.main().txtPreview->Text(), f.m().GameStore[1].Moves);
-    QCOMPARE(f.main().lstPGNFiles->List(0),
-             QStringLiteral("[Event \"Club\"] [White \"Ann\"] [Result \"1-0\"] "));
-    QCOMPARE(f.m().PGNFileName, path);
-    QVERIFY(!f.m().FileChanged);
-    QCOMPARE(f.m().CurrentGame, int16_t(-1));
-    // The busy pointer comes and goes; no box.
-    QVERIFY(f.platform.boxes().empty());
-    QCOMPARE(f.platform.kinds().last(), QStringLiteral("normal"));
-    QVERIFY(!f.platform.busy);
-}
-
-void TestStore::saveAllWritesTheWorkedExampleBytes() {
-    AppFixture f;
-    f.openText(kClubFile);
-    const QString out = f.platform.path(QStringLiteral("out.pgn"));
-    f.platform.queueSave(out);
-    f.main().mnuFileSaveAllAs_Click();
-    const QByteArray expected = crlf("[Event \"Club\"]\n[White \"Ann\"]\n[Result \"1-0\"]\n"
-                                     "1. e4 e5 {Open game} \n2. Nf3 Nc6 1-0 \n\n"
-                                     "[Event \"Cup\"]\n1. d4 * \n\n");
-    QCOMPARE(AppFixture::readFile(out), expected);
-    QCOMPARE(f.m().PGNFileName, out);
-    QCOMPARE(f.main().windowTitle(), QStringLiteral("Ravelund - ") + out);
-    // Opening that file gives the same store again.
-    const auto before = f.m().GameStore;
-    f.open(out);
-    QCOMPARE(f.m().GameStore.size(), before.size());
-    for (size_t i = 1; i < before.size(); ++i) {
-        QCOMPARE(f.m().GameStore[i].Header, before[i].Header);
-        QCOMPARE(f.m().GameStore[i].Moves, before[i].Moves);
-    }
+    QCOMPARE(store[1].Moves, QStringLiteral("1. e4 e5 {Open game} \r\n2. Nf3 Nc6 1-0 \r\n"));
+    QCOMPARE(store[2].Header, QStringLiteral("[Event \"Cup\"]\r\n"));
+    QCOMPARE(store[2].Moves, QStringLiteral("1. d4 * \r\n"));
+    QCOMPARE(saveAll(store), crlf("[Event \"Club\"]\n[White \"Ann\"]\n[Result \"1-0\"]\n"
+                                  "1. e4 e5 {Open game} \n2. Nf3 Nc6 1-0 \n\n"
+                                  "[Event \"Cup\"]\n1. d4 * \n\n"));
 }
 
 void TestStore::lineClassification_data() {
@@ -116,276 +111,109 @@ void TestStore::lineClassification_data() {
     QTest::newRow("trailing empty lines add a line end to the last header")
         << crlf("[Event \"A\"]\n1. e4 *\n\n\n\n") << QStringList{"[Event \"A\"]\r\n\r\n"}
         << QStringList{"1. e4 * \r\n"};
+    QTest::newRow("an escape line last in the file starts a game of its own")
+        << crlf("1. e4 *\n\n%end") << QStringList{"1. e4 *\r\n", "%end\r\n"}
+        << QStringList{"1. e4 * \r\n", ""};
+    QTest::newRow("only empty lines: no game") << crlf("\n\n\n") << QStringList{} << QStringList{};
 }
 
 void TestStore::lineClassification() {
     QFETCH(QByteArray, file);
     QFETCH(QStringList, headers);
     QFETCH(QStringList, moves);
-    AppFixture f;
-    f.openText(file);
-    QCOMPARE(f.m().gameCount(), int(headers.size()));
+    const GameStoreArray store = import(file);
+    QCOMPARE(int(store.size()) - 1, int(headers.size()));
     for (int i = 0; i < headers.size(); ++i) {
-        QCOMPARE(f.m().GameStore[size_t(i + 1)].Header, headers[i]);
-        QCOMPARE(f.m().GameStore[size_t(i + 1)].Moves, moves[i]);
+        QCOMPARE(store[size_t(i + 1)].Header, headers[i]);
+        QCOMPARE(store[size_t(i + 1)].Moves, moves[i]);
     }
 }
 
-void TestStore::roundTripKeepsBytes_data() {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("white");
-    const QByteArray game = "[Event \"Dortmund\"]\n[White \"R\xE9ti\"]\n[Black \"S\xE4misch\"]\n"
-                            "1. e4 e5 {Br\x81ssel} 1-0\n\n";
-    QTest::newRow("Windows-1252") << crlf(game) << QStringLiteral("R\u00e9ti");
-    QTest::newRow("UTF-8") << crlf(QString::fromLatin1(game).toUtf8())
-                           << QStringLiteral("R\u00e9ti");
-    QTest::newRow("UTF-8 with BOM")
-        << (QByteArray("\xEF\xBB\xBF") +
-            crlf(QStringLiteral("[White \"H\u00f8vikodden\"]\n1. d4 *\n\n").toUtf8()))
-        << QStringLiteral("H\u00f8vikodden");
-}
-
-void TestStore::roundTripKeepsBytes() {
-    QFETCH(QByteArray, file);
-    QFETCH(QString, white);
-    AppFixture f;
-    f.openText(file);
-    QVERIFY(f.main().lstPGNFiles->List(0).contains(white));
-    // Imported games are written back with each move line's trailing blank.
-    QByteArray expected = file;
-    expected.replace("1-0\r\n", "1-0 \r\n").replace("*\r\n", "* \r\n");
-    expected.replace("\r\n\r\n", "\r\n");
-    expected += "\r\n";
-    const QString out = f.platform.path(QStringLiteral("out.pgn"));
-    f.platform.queueSave(out);
-    f.main().mnuFileSaveAllAs_Click();
-    QCOMPARE(AppFixture::readFile(out), expected);
-}
-
-void TestStore::cancelledOpenDialog() {
-    AppFixture f;
-    f.openText(kClubFile);
-    f.platform.clear();
-    f.platform.queueOpenCancel();
-    f.main().mnuFileOpen_Click();
-    QCOMPARE(f.m().gameCount(), 2); // nothing changed
-    const auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(1));
-    QCOMPARE(boxes[0].text, QStringLiteral("Cancel was selected."));
-    QCOMPARE(boxes[0].title, QString());
-    QCOMPARE(boxes[0].icon, MsgIcon::None);
-    QCOMPARE(f.platform.lastFilter,
-             QStringLiteral(
-                 "PGN files (*.pgn) | *.pgn|Text files (*.txt) | *.txt|All files (*.*) | *.*"));
-}
-
-void TestStore::unopenableFile() {
-    AppFixture f;
-    f.openText(kClubFile);
-    const QString title = f.main().windowTitle();
-    const QString bad = f.platform.path(QStringLiteral("missing.pgn"));
-    f.open(bad);
-    QCOMPARE(f.m().GameStore.size(), size_t(1)); // the point of no return was passed
-    QCOMPARE(f.m().PGNFileName, bad);
-    QCOMPARE(f.main().windowTitle(), title);
-    QCOMPARE(f.main().lstPGNFiles->ListCount(), int16_t(0));
-    QCOMPARE(f.platform.boxes().size(), size_t(1));
-    QVERIFY(!f.platform.busy);
-}
-
-void TestStore::emptyFileIsNoError() {
-    AppFixture f;
-    const QString path = f.openText(crlf("\n\n\n"));
-    QCOMPARE(f.m().gameCount(), 0);
-    QCOMPARE(f.main().sbStatusBar->panelText(1), QString());
-    QCOMPARE(f.main().windowTitle(), QStringLiteral("Ravelund - ") + path);
-    QVERIFY(f.platform.boxes().empty());
-    QVERIFY(f.main().mnuFileSaveAllAs->isEnabled());
-    QVERIFY(!f.main().mnuFileLoad->isEnabled());
-    QVERIFY(!f.main().Toolbar1->button(QStringLiteral("Find"))->isEnabled());
+void TestStore::limitOf32000Games_data() {
+    QTest::addColumn<int>("games");
+    QTest::newRow("exactly 32,000 also stops") << 32000;
+    QTest::newRow("the rest of the file is not read") << 32005;
 }
 
 void TestStore::limitOf32000Games() {
-    AppFixture f;
+    QFETCH(int, games);
     QByteArray file;
-    for (int i = 0; i < 32001; ++i)
+    for (int i = 0; i < games; ++i)
         file += "1. e4 *\r\n\r\n";
-    f.openText(file);
-    QCOMPARE(f.m().gameCount(), 32000);
-    const auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(1));
-    QCOMPARE(boxes[0].text, QStringLiteral("Maximum Limit Of Database Reached"));
-    QCOMPARE(boxes[0].title, QStringLiteral("Ravelund Limit = 32,000 Games"));
-    QCOMPARE(boxes[0].icon, MsgIcon::None);
-    QCOMPARE(f.main().lstPGNFiles->ListCount(), int16_t(32000));
-    QCOMPARE(f.main().sbStatusBar->panelText(1), QStringLiteral("Game 1 Of 32000"));
+    ImportResult result;
+    const GameStoreArray store = import(file, &result);
+    QVERIFY(result.limitReached);
+    QCOMPARE(result.count, 32000L);
+    QCOMPARE(store.size(), size_t(32001));
 }
 
-void TestStore::listPreviewAndPanels() {
-    AppFixture f;
-    f.openText(crlf("[Event \"A\"]\n1. e4 *\n\n\n\n1. d4 *\n\n"));
-    frmMain& w = f.main();
-    w.lstPGNFiles->setListIndex(1);
-    QCOMPARE(w.sbStatusBar->panelText(1), QStringLiteral("Game 2 of 2"));
-    QCOMPARE(w.txtPreview->Text(), QStringLiteral("1. d4 * \r\n"));
-    QCOMPARE(w.lstPGNFiles->List(1), QStringLiteral("1. d4 * "));
-    f.m().SetPlayerState();
-    QCOMPARE(w.sbStatusBar->panelText(1), QStringLiteral("Game 2 Of 2"));
-    w.lstPGNFiles->setListIndex(-1);
-    QCOMPARE(w.txtPreview->Text(), QString());
-    QCOMPARE(w.sbStatusBar->panelText(1), QStringLiteral("Game 0 of 2"));
-    f.m().FillGameList();
-    QCOMPARE(w.sbStatusBar->panelText(1), QStringLiteral("2 Games"));
-    QCOMPARE(w.lstPGNFiles->ListIndex(), int16_t(-1));
+void TestStore::saveAllSkipsMarkedGames() {
+    GameStoreArray store = import(kClubFile);
+    store[1].Deleted = true;
+    QCOMPARE(saveAll(store), crlf("[Event \"Cup\"]\n1. d4 * \n\n"));
+    store[2].Deleted = true;
+    QCOMPARE(saveAll(store), QByteArray());
 }
 
-void TestStore::markAsDeleted() {
-    AppFixture f;
-    f.openText(kClubFile);
-    frmMain& w = f.main();
-    w.mnuEditmarkDeleted_Click();
-    QVERIFY(f.m().GameStore[1].Deleted);
-    QVERIFY(w.mnuEditmarkDeleted->isChecked());
-    QVERIFY(w.Toolbar1->pressed(QStringLiteral("Delete")));
-    QVERIFY(!f.m().FileChanged);
-    w.lstPGNFiles->setListIndex(1);
-    QVERIFY(!w.mnuEditmarkDeleted->isChecked());
-    w.lstPGNFiles->setListIndex(0);
-    QVERIFY(w.Toolbar1->pressed(QStringLiteral("Delete")));
-    w.Toolbar1_ButtonClick(QStringLiteral("Delete"));
-    QVERIFY(!f.m().GameStore[1].Deleted);
+void TestStore::headerText_data() {
+    QTest::addColumn<QString>("header");
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QStringList>("tags");
+    QTest::newRow("imported") << "[Event \"A\"]\r\n[White \"W\"]\r\n"
+                              << "[Event \"A\"] [White \"W\"] "
+                              << QStringList{"[Event \"A\"]", "[White \"W\"]"};
+    QTest::newRow("saved, with its empty line") << "[Event \"A\"]\r\n\r\n"
+                                                << "[Event \"A\"] " << QStringList{"[Event \"A\"]"};
+    QTest::newRow("only empty lines") << "\r\n\r\n"
+                                      << "??? No Tags Found ???" << QStringList{};
+    QTest::newRow("no line end at all") << ""
+                                        << "??? No Tags Found ???" << QStringList{};
+    QTest::newRow("a move line for a header") << "1. e4 *\r\n"
+                                              << "1. e4 * " << QStringList{"1. e4 *"};
 }
 
-void TestStore::closeAsksFirst() {
-    AppFixture f;
-    f.openText(kClubFile);
-    f.platform.clear();
-    f.platform.queueMsgBox(MsgResult::No);
-    f.main().mnuFileClose_Click();
-    QCOMPARE(f.m().gameCount(), 2);
-    auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(1));
-    QCOMPARE(boxes[0].title, QStringLiteral("Confirm Clear All Games"));
-    QCOMPARE(
-        boxes[0].text,
-        QStringLiteral("This will remove all loaded games from memory. Do you want to continue ?"));
-    QCOMPARE(boxes[0].icon, MsgIcon::Exclamation);
-    QCOMPARE(boxes[0].buttons, MsgButtons::YesNo);
-    const QString title = f.main().windowTitle();
-    f.platform.queueMsgBox(MsgResult::Yes);
-    f.main().mnuFileClose_Click();
-    QCOMPARE(f.m().GameStore.size(), size_t(1));
-    QCOMPARE(f.m().PGNFileName, QString());
-    QCOMPARE(f.main().lstPGNFiles->ListCount(), int16_t(0));
-    QCOMPARE(f.main().windowTitle(), title);
-    QCOMPARE(f.main().lstTags->ListCount(), int16_t(7));
-    // Loading from the empty list now says there is nothing to load.
-    f.platform.clear();
-    f.main().lstPGNFiles_DblClick();
-    QCOMPARE(f.platform.boxes().at(0).text, QStringLiteral("There are no games to select from."));
-    QCOMPARE(f.platform.boxes().at(0).title, QStringLiteral("No Games"));
+void TestStore::headerText() {
+    QFETCH(QString, header);
+    QFETCH(QString, entry);
+    QFETCH(QStringList, tags);
+    QCOMPARE(gameListEntry(header), entry);
+    QCOMPARE(headerTagLines(header), tags);
 }
 
-void TestStore::saveAllOnEmptyList() {
-    AppFixture f;
-    f.main().mnuFileSaveAll_Click();
-    const auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(1));
-    QCOMPARE(boxes[0].title, QStringLiteral("No Games To Export"));
-    QCOMPARE(boxes[0].text,
-             QStringLiteral(
-                 "There are no saved games to export.\r\n\r\nSave a PGN game and try again."));
-    QCOMPARE(boxes[0].icon, MsgIcon::Exclamation);
-    QVERIFY(f.platform.ofKind(QStringLiteral("showSave")).empty());
+void TestStore::forsythTags_data() {
+    QTest::addColumn<QStringList>("tags");
+    QTest::addColumn<bool>("isForsyth");
+    QTest::addColumn<QString>("forsyth"); // "error": taking the value fails
+    QTest::newRow("marker then value")
+        << QStringList{"[SetUp \"1\"]", "[Forsyth \"x y\"]"} << true << "x y";
+    QTest::newRow("value then marker")
+        << QStringList{"[Forsyth \"x y\"]", "[SetUp \"1\"]"} << true << "x y";
+    QTest::newRow("SetUp 0") << QStringList{"[SetUp \"0\"]", "[Forsyth \"x\"]"} << false << "";
+    QTest::newRow("no marker") << QStringList{"[Forsyth \"x\"]"} << false << "";
+    QTest::newRow("marker alone") << QStringList{"[SetUp \"1\"]", "[FEN \"x\"]"} << true << "";
+    QTest::newRow("an earlier line with the word wins")
+        << QStringList{"[Event \"Forsyth test\"]", "[SetUp \"1\"]", "[Forsyth \"x\"]"} << true
+        << "Forsyth test";
+    QTest::newRow("one quote: to the end")
+        << QStringList{"[SetUp \"1\"]", "[Forsyth \"abc]"} << true << "abc]";
+    QTest::newRow("no quote") << QStringList{"[SetUp \"1\"]", "Forsyth"} << true << "error";
+    QTest::newRow("no tags") << QStringList{} << false << "";
 }
 
-void TestStore::saveNewGameThenSaveAgain() {
-    AppFixture f;
-    f.openText(kClubFile);
-    frmMain& w = f.main();
-    w.mnuFileNew_Click();
-    w.Tavlon1->LoadMoves(QStringLiteral("1. e4 e5 *"));
-    w.Tavlon1->setGameChanged(true);
-    w.mnuFileSave_Click();
-    QCOMPARE(f.m().gameCount(), 3);
-    QCOMPARE(f.m().CurrentGame, int16_t(3));
-    QCOMPARE(w.lstPGNFiles->ListIndex(), int16_t(2));
-    QVERIFY(f.m().FileChanged);
-    QVERIFY(!w.Tavlon1->GameChanged());
-    QCOMPARE(
-        f.m().GameStore[3].Header,
-        QStringLiteral("[Event \"?\"]\r\n[Site \"?\"]\r\n[Date \"????.??.??\"]\r\n[Round \"?\"]\r\n"
-                       "[White \"?\"]\r\n[Black \"?\"]\r\n[Result \"*\"]\r\n\r\n"));
-    QCOMPARE(f.m().GameStore[3].Moves, QStringLiteral("1. e4 e5 *\r\n"));
-    QVERIFY(w.mnuFileSaveAll->isEnabled());
-    w.mnuFileSave_Click();
-    QCOMPARE(f.m().gameCount(), 3);
-}
-
-void TestStore::saveAllLeavesOutMarkedGames() {
-    AppFixture f;
-    const QString path = f.openText(kClubFile);
-    f.main().mnuEditmarkDeleted_Click();
-    f.main().lstPGNFiles->setListIndex(1);
-    f.main().mnuEditmarkDeleted_Click();
-    f.main().mnuFileSaveAll_Click(); // to the file it came from, no dialog
-    QCOMPARE(AppFixture::readFile(path), QByteArray());
-    QCOMPARE(f.main().lstPGNFiles->ListCount(), int16_t(2));
-    QVERIFY(f.m().GameStore[1].Deleted);
-}
-
-void TestStore::promptsAndTheirCancel() {
-    AppFixture f;
-    f.openText(kClubFile);
-    frmMain& w = f.main();
-    w.Tavlon1->setGameChanged(true);
-    f.platform.clear();
-    f.platform.queueMsgBox(MsgResult::Cancel);
-    w.mnuFileSaveAll_Click();
-    QVERIFY(f.m().SaveCancelled);
-    auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(1));
-    QCOMPARE(boxes[0].title, QStringLiteral("Unsaved Game Changes"));
-    QCOMPARE(boxes[0].text,
-             QStringLiteral("The game has changed. Save changes before continuing?"));
-    QCOMPARE(boxes[0].buttons, MsgButtons::YesNoCancel);
-    // Open: Yes to the game saves it into the store; then the file prompt; Cancel stops.
-    f.platform.clear();
-    f.platform.queueMsgBox(MsgResult::Yes);
-    f.platform.queueMsgBox(MsgResult::Cancel);
-    w.mnuFileOpen_Click();
-    boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(2));
-    QCOMPARE(boxes[1].title, QStringLiteral("Unsaved File Changes"));
-    QCOMPARE(boxes[1].text,
-             QStringLiteral("The PGN file has changed. Save changes before continuing?"));
-    QVERIFY(f.platform.ofKind(QStringLiteral("showOpen")).empty());
-    QCOMPARE(f.m().gameCount(), 3);
-    // No at the game prompt keeps the change flag; Load then replaces the game.
-    w.Tavlon1->setGameChanged(true);
-    f.platform.clear();
-    f.platform.queueMsgBox(MsgResult::No);
-    w.mnuFileLoad_Click();
-    QVERIFY(!w.Tavlon1->GameChanged());
-}
-
-void TestStore::saveAsWritesTagsAndMoveList() {
-    AppFixture f;
-    f.openText(kClubFile);
-    f.main().mnuFileLoad_Click();
-    const QString out = f.platform.path(QStringLiteral("one.pgn"));
-    f.platform.queueSave(out);
-    f.main().mnuFileSaveAs_Click();
-    QCOMPARE(
-        AppFixture::readFile(out),
-        crlf("[Event \"Club\"]\n[White \"Ann\"]\n[Result \"1-0\"]\n\n1. e4 e5\n2. Nf3 Nc6\n1-0\n"));
-    QVERIFY(!f.m().FileChanged);
-    // A cancelled dialog writes nothing and says nothing.
-    f.platform.clear();
-    f.platform.queueSaveCancel();
-    f.main().mnuFileSaveAs_Click();
-    QVERIFY(f.platform.boxes().empty());
-    QVERIFY(!f.platform.busy);
+void TestStore::forsythTags() {
+    QFETCH(QStringList, tags);
+    QFETCH(bool, isForsyth);
+    QFETCH(QString, forsyth);
+    bool isForsythGame = !isForsyth;
+    QString value = QStringLiteral("stale");
+    try {
+        findForsythTag(tags, isForsythGame, value);
+    } catch (const RuntimeError& e) {
+        QCOMPARE(e.description(), QStringLiteral("Subscript out of range"));
+        value = QStringLiteral("error");
+    }
+    QCOMPARE(isForsythGame, isForsyth);
+    QCOMPARE(value, forsyth);
 }
 
 QTEST_MAIN(TestStore)

@@ -1,11 +1,17 @@
 #include "support/AppFixture.h"
 
-#include <QDir>
+#include "app/FormRegistry.h"
+
 #include <QFile>
+#include <QTest>
 
 namespace tolvisk {
 
-AppFixture::AppFixture() : app(std::make_unique<Application>(platform)) {
+std::unique_ptr<Application> makeApplication(Platform& platform) {
+    return std::make_unique<Application>(platform, &createForm);
+}
+
+AppFixture::AppFixture() : app(makeApplication(platform)) {
     app->loadMain();
     platform.clear();
 }
@@ -40,6 +46,37 @@ QByteArray AppFixture::readFile(const QString& path) {
 
 QByteArray crlf(QByteArray text) {
     return text.replace("\n", "\r\n");
+}
+
+QStringList boxesShown(const ScriptedPlatform& platform) {
+    QStringList shown;
+    for (const PlatformCall& box : platform.boxes())
+        shown << box.title + QStringLiteral(": ") + box.text;
+    return shown;
+}
+
+void quietHeadlessNotes() {
+    static const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+            if (!message.startsWith(QLatin1String("This plugin does not support")))
+                previous(type, context, message);
+        });
+}
+
+QPoint entryPoint(ListBox& list, int row) {
+    if (row >= 0)
+        return list.visualRect(list.model()->index(row, 0)).center();
+    const int count = list.model()->rowCount();
+    const int below = count ? list.visualRect(list.model()->index(count - 1, 0)).bottom() + 4 : 4;
+    return QPoint(list.viewport()->width() / 2, below);
+}
+
+void clickList(ListBox& list, int row, Qt::KeyboardModifiers modifiers) {
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers, entryPoint(list, row));
+}
+
+void doubleClickList(ListBox& list, int row) {
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, entryPoint(list, row));
 }
 
 } // namespace tolvisk

@@ -1,8 +1,10 @@
 #pragma once
 
 // One application per test case: the scripted platform in a temporary folder, the main window
-// loaded, and helpers to write a PGN file and open it through File > Open.
+// loaded, and helpers to write a PGN file and open it through File > Open; and real input on a
+// list box, as a user gives it.
 
+#include "platform/Controls.h"
 #include "support/ScriptedPlatform.h"
 #include "viewer/Application.h"
 #include "viewer/frmMain.h"
@@ -29,7 +31,20 @@ struct AppFixture {
     static QByteArray readFile(const QString& path);
 };
 
+// An application with every window of the program, as main() makes it.
+std::unique_ptr<Application> makeApplication(Platform& platform);
+
 // "a\nb\n" with every LF turned into CR LF.
 QByteArray crlf(QByteArray text);
+// The message boxes shown so far, as "title: text".
+QStringList boxesShown(const ScriptedPlatform& platform);
+// Keeps the headless platform's notes on what it cannot do out of the test log.
+void quietHeadlessNotes();
+
+// Where a list's entry stands on its viewport; below the last entry for -1.
+QPoint entryPoint(ListBox& list, int row);
+// A mouse click or a double click on the list's viewport at that point.
+void clickList(ListBox& list, int row, Qt::KeyboardModifiers modifiers = {});
+void doubleClickList(ListBox& list, int row);
 
 } // namespace tolvisk

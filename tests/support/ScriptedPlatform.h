@@ -82,7 +82,6 @@ public:
     std::unique_ptr<TextFileReader> openInput(const QString& path) override;
     std::unique_ptr<TextFileWriter> openOutput(const QString& path, TextEncoding encoding) override;
     void setBusy(bool busy) override;
-    void repaint(QWidget*) override {}
 
     std::deque<MsgResult> msgAnswers;
     std::deque<QString> inputAnswers;

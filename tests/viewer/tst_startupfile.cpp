@@ -1,334 +1,142 @@
-// The start-up file: what a run reads from it, what survives a damaged file, and the exact bytes
+// The start-up file: what a run takes from it, what survives a damaged file, and the exact bytes
 // a normal end writes.
 
-#include "support/ScriptedPlatform.h"
+#include "support/AppFixture.h"
 
-#include "platform/Errors.h"
-#include "variation/frmVariation.h"
-#include "viewer/Application.h"
-#include "viewer/StartupFile.h"
-#include "viewer/frmMain.h"
-
-#include <QFile>
 #include <QTest>
 
 using namespace tolvisk;
 
 namespace {
 
-const QByteArray kDefaultFile = "Q\r\nPNP\r\n 1 \r\nL\r\n16777215\r\n12632256\r\n";
-
 // The six settings as the program holds them, in the file's order.
-struct Settings {
-    QString promotion = QStringLiteral("Q");
-    QString mode = QStringLiteral("PNP");
-    int speed = 1;
-    QString style = QStringLiteral("L");
-    int light = 16777215;
-    int dark = 12632256;
-    bool operator==(const Settings&) const = default;
-};
-
-Settings settingsOf(Application& app) {
-    frmMain& w = app.main();
+QString settingsOf(Application& app) {
+    const Tavlon& board = *app.main().Tavlon1;
     const Module1& m = app.module();
-    return {w.Tavlon1->PromotionPiece(),
-            m.APMode,
-            m.APSpeed,
-            m.MoveListStyle,
-            w.Tavlon1->LightSquareColor(),
-            w.Tavlon1->DarkSquareColor()};
-}
-
-QString describe(const Settings& s) {
     return QStringLiteral("%1|%2|%3|%4|%5|%6")
-        .arg(s.promotion, s.mode)
-        .arg(s.speed)
-        .arg(s.style)
-        .arg(s.light)
-        .arg(s.dark);
+        .arg(board.PromotionPiece(), m.APMode)
+        .arg(m.APSpeed)
+        .arg(m.MoveListStyle)
+        .arg(board.LightSquareColor())
+        .arg(board.DarkSquareColor());
 }
 
-void writeBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
-
-QByteArray readBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-}
+const QString kDefaults = QStringLiteral("Q|PNP|1|L|16777215|12632256");
 
 } // namespace
 
 class TestStartupFile : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase() { quietHeadlessNotes(); }
     void reading_data();
     void reading();
-    void unreadableFileKeepsDefaults();
-    void firstRunWritesTheDefaultFile();
-    void settingsSurviveARun_data();
-    void settingsSurviveARun();
-    void unwritableFileEndsTheRunQuietly();
-    void leadingNumber_data();
-    void leadingNumber();
-    void toInt32_data();
-    void toInt32();
-    void speedConversions();
+    void writing_data();
+    void writing();
 };
 
-void TestStartupFile::initTestCase() {
-    static const QtMessageHandler previous = qInstallMessageHandler(
-        [](QtMsgType type, const QMessageLogContext& context, const QString& message) {
-            if (!message.startsWith(QLatin1String("This plugin does not support")))
-                previous(type, context, message);
-        });
-}
-
 void TestStartupFile::reading_data() {
-    QTest::addColumn<QByteArray>("file"); // "<none>": no file at all
+    QTest::addColumn<QByteArray>("file"); // "<none>": no file at all; "<unreadable>"
     QTest::addColumn<QString>("expected");
-    const Settings d;
-    auto with = [&](auto change) {
-        Settings s = d;
-        change(s);
-        return describe(s);
+    const QByteArray all = "R\r\nPPP\r\n 12 \r\nA\r\n255\r\n65280\r\n";
+    auto row = [](const char* name, const QByteArray& file, const QString& expected) {
+        QTest::newRow(name) << file << expected;
     };
-    const QString all = "R|PPP|12|A|255|65280";
-    QTest::newRow("no file") << QByteArray("<none>") << describe(d);
-    QTest::newRow("empty file") << QByteArray() << describe(d);
-    QTest::newRow("one line") << QByteArray("R\r\n") << describe(d);
-    QTest::newRow("two lines") << QByteArray("R\r\nPPP\r\n")
-                               << with([](Settings& s) { s.mode = "PPP"; });
-    QTest::newRow("three lines") << QByteArray("R\r\nPPP\r\n 12 \r\n")
-                                 << with([](Settings& s) { s.mode = "PPP"; });
-    QTest::newRow("four lines") << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n") << with([](Settings& s) {
-        s.mode = "PPP";
-        s.style = "A";
-    });
-    QTest::newRow("five lines") << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n255\r\n")
-                                << with([](Settings& s) {
-                                       s.mode = "PPP";
-                                       s.style = "A";
-                                   });
-    QTest::newRow("line 5 not a number")
-        << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\nwhite\r\n65280\r\n") << with([](Settings& s) {
-               s.mode = "PPP";
-               s.style = "A";
-               s.promotion = "R";
-           });
-    QTest::newRow("line 6 not a number")
-        << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n255\r\n12 34\r\n") << with([](Settings& s) {
-               s.mode = "PPP";
-               s.style = "A";
-               s.promotion = "R";
-               s.light = 255;
-           });
-    QTest::newRow("line 3 beyond 16 bits")
-        << QByteArray("R\r\nPPP\r\n 32768 \r\nA\r\n255\r\n65280\r\n") << with([](Settings& s) {
-               s.mode = "PPP";
-               s.style = "A";
-               s.promotion = "R";
-               s.light = 255;
-               s.dark = 65280;
-           });
-    QTest::newRow("all six") << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n255\r\n65280\r\n") << all;
-    QTest::newRow("more than six lines")
-        << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n255\r\n65280\r\nrubbish\r\nmore\r\n") << all;
-    QTest::newRow("no end on the last line")
-        << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n255\r\n65280") << all;
-    QTest::newRow("LF line ends") << QByteArray("R\nPPP\n 12 \nA\n255\n65280\n") << all;
-    QTest::newRow("blanks around the colours")
-        << QByteArray("R\r\nPPP\r\n12\r\nA\r\n  255 \r\n\t65280\r\n") << all;
-    QTest::newRow("colours round half to even")
-        << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n254.5\r\n65280.5\r\n") << "R|PPP|12|A|254|65280";
-    QTest::newRow("colour beyond 32 bits")
-        << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n4294967296\r\n65280\r\n") << with([](Settings& s) {
-               s.mode = "PPP";
-               s.style = "A";
-               s.promotion = "R";
-           });
+    row("no file", "<none>", kDefaults);
+    row("unreadable file", "<unreadable>", kDefaults);
+    row("empty file", "", kDefaults);
+    row("one line", "R\r\n", kDefaults);
+    row("three lines", "R\r\nPPP\r\n 12 \r\n", "Q|PPP|1|L|16777215|12632256");
+    row("five lines", "R\r\nPPP\r\n 12 \r\nA\r\n255\r\n", "Q|PPP|1|A|16777215|12632256");
+    row("line 5 not a number", "R\r\nPPP\r\n 12 \r\nA\r\nwhite\r\n65280\r\n",
+        "R|PPP|1|A|16777215|12632256");
+    row("line 6 not a number", "R\r\nPPP\r\n 12 \r\nA\r\n255\r\n12 34\r\n",
+        "R|PPP|1|A|255|12632256");
+    row("line 3 beyond 16 bits", "R\r\nPPP\r\n 32768 \r\nA\r\n255\r\n65280\r\n",
+        "R|PPP|1|A|255|65280");
+    row("all six", all, "R|PPP|12|A|255|65280");
+    row("more than six lines, LF ends, no end last", "R\nPPP\n 12 \nA\n255\n65280\nmore\nx",
+        "R|PPP|12|A|255|65280");
+    row("blanks around the colours, rounding half to even",
+        "R\r\nPPP\r\n12\r\nA\r\n  254.5 \r\n\t65280.5\r\n", "R|PPP|12|A|254|65280");
+    row("colour beyond 32 bits", "R\r\nPPP\r\n 12 \r\nA\r\n4294967296\r\n65280\r\n",
+        "R|PPP|1|A|16777215|12632256");
     // Values only a hand-edited file can bring keep their defaults, and the rest is read.
-    QTest::newRow("colour outside red, green and blue")
-        << QByteArray("R\r\nPPP\r\n 12 \r\nA\r\n-1\r\n16777216\r\n")
-        << "R|PPP|12|A|16777215|12632256";
-    QTest::newRow("unknown mode, style and piece")
-        << QByteArray("N\r\nPNX\r\n 12 \r\nl\r\n255\r\n65280\r\n") << "Q|PNP|12|L|255|65280";
-    QTest::newRow("empty style") << QByteArray("K\r\nPS\r\n 3 \r\n\r\n255\r\n65280\r\n")
-                                 << "K|PS|3|L|255|65280";
-    QTest::newRow("speed 0") << QByteArray("B\r\nPR\r\n 0 \r\nP\r\n255\r\n65280\r\n")
-                             << "B|PR|1|P|255|65280";
-    QTest::newRow("speed 91") << QByteArray("B\r\nPR\r\n 91 \r\nP\r\n255\r\n65280\r\n")
-                              << "B|PR|1|P|255|65280";
-    QTest::newRow("speed 90") << QByteArray("B\r\nPR\r\n 90 \r\nP\r\n255\r\n65280\r\n")
-                              << "B|PR|90|P|255|65280";
-    QTest::newRow("speed with letters")
-        << QByteArray("B\r\nPR\r\n  45 seconds\r\nP\r\n255\r\n65280\r\n") << "B|PR|45|P|255|65280";
-    QTest::newRow("speed without a number")
-        << QByteArray("B\r\nPR\r\nfast\r\nP\r\n255\r\n65280\r\n") << "B|PR|1|P|255|65280";
-    QTest::newRow("speed 2.5 rounds to 2")
-        << QByteArray("B\r\nPR\r\n2.5\r\nP\r\n255\r\n65280\r\n") << "B|PR|2|P|255|65280";
-    QTest::newRow("speed 3.5 rounds to 4")
-        << QByteArray("B\r\nPR\r\n3.5\r\nP\r\n255\r\n65280\r\n") << "B|PR|4|P|255|65280";
+    row("colours outside red, green and blue", "R\r\nPPP\r\n 12 \r\nA\r\n-1\r\n16777216\r\n",
+        "R|PPP|12|A|16777215|12632256");
+    row("unknown mode, style and piece", "N\r\nPNX\r\n 12 \r\nl\r\n255\r\n65280\r\n",
+        "Q|PNP|12|L|255|65280");
+    row("empty style", "K\r\nPS\r\n 3 \r\n\r\n255\r\n65280\r\n", "K|PS|3|L|255|65280");
+    row("speed 0", "B\r\nPR\r\n 0 \r\nP\r\n255\r\n65280\r\n", "B|PR|1|P|255|65280");
+    row("speed 91", "B\r\nPR\r\n 91 \r\nP\r\n255\r\n65280\r\n", "B|PR|1|P|255|65280");
+    row("speed 90", "B\r\nPR\r\n 90 \r\nP\r\n255\r\n65280\r\n", "B|PR|90|P|255|65280");
+    row("speed with letters", "B\r\nPR\r\n  45 seconds\r\nP\r\n255\r\n65280\r\n",
+        "B|PR|45|P|255|65280");
+    row("speed without a number", "B\r\nPR\r\nfast\r\nP\r\n255\r\n65280\r\n", "B|PR|1|P|255|65280");
+    row("speed 2.5 rounds to 2", "B\r\nPR\r\n2.5\r\nP\r\n255\r\n65280\r\n", "B|PR|2|P|255|65280");
+    row("speed 3.5 rounds to 4", "B\r\nPR\r\n3.5\r\nP\r\n255\r\n65280\r\n", "B|PR|4|P|255|65280");
 }
 
 void TestStartupFile::reading() {
     QFETCH(QByteArray, file);
     QFETCH(QString, expected);
-    ScriptedPlatform platform;
-    if (file != "<none>")
-        writeBytes(platform.path(QStringLiteral("tolvisk.txt")), file);
-    Application app(platform);
+    AppFixture f; // a run without the file
+    if (file != "<none>") {
+        const QString path =
+            f.writeFile(QStringLiteral("tolvisk.txt"),
+                        file == "<unreadable>" ? QByteArray("R\r\nPPP\r\n") : file);
+        if (file == "<unreadable>")
+            f.platform.unreadable.insert(path);
+    }
+    auto app = makeApplication(f.platform);
     // The start sets its defaults before it reads, whatever the module held.
-    app.module().APSpeed = 42;
-    app.module().APMode = QStringLiteral("X");
-    app.module().MoveListStyle = QStringLiteral("Y");
-    app.loadMain();
-    QCOMPARE(describe(settingsOf(app)), expected);
-    QVERIFY(platform.boxes().empty());
+    app->module().APSpeed = 42;
+    app->module().APMode = QStringLiteral("X");
+    app->module().MoveListStyle = QStringLiteral("Y");
+    app->loadMain();
+    QCOMPARE(settingsOf(*app), expected);
+    QVERIFY(f.platform.boxes().empty());
 }
 
-void TestStartupFile::unreadableFileKeepsDefaults() {
-    ScriptedPlatform platform;
-    const QString path = platform.path(QStringLiteral("tolvisk.txt"));
-    writeBytes(path, "R\r\nPPP\r\n 12 \r\nA\r\n255\r\n65280\r\n");
-    platform.unreadable.insert(path);
-    Application app(platform);
-    app.loadMain();
-    QCOMPARE(describe(settingsOf(app)), describe(Settings{}));
-    QVERIFY(platform.boxes().empty());
-}
-
-void TestStartupFile::firstRunWritesTheDefaultFile() {
-    ScriptedPlatform platform;
-    const QString path = platform.path(QStringLiteral("tolvisk.txt"));
-    Application app(platform);
-    frmMain& w = app.loadMain();
-    QVERIFY(!QFile::exists(path));
-    QVERIFY(w.close());
-    QCOMPARE(readBytes(path), kDefaultFile);
-}
-
-void TestStartupFile::settingsSurviveARun_data() {
-    QTest::addColumn<QString>("promotion");
-    QTest::addColumn<QString>("mode");
-    QTest::addColumn<int>("speed");
-    QTest::addColumn<QString>("style");
-    QTest::addColumn<int>("light");
-    QTest::addColumn<int>("dark");
+void TestStartupFile::writing_data() {
+    QTest::addColumn<QString>("settings"); // set before the end of the run
     QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("first run, defaults")
+        << kDefaults << QByteArray("Q\r\nPNP\r\n 1 \r\nL\r\n16777215\r\n12632256\r\n");
     QTest::newRow("knight, repeat, paragraph")
-        << "K"
-        << "PR" << 12 << "P" << 0x00FF00 << 0x000080
-        << QByteArray("K\r\nPR\r\n 12 \r\nP\r\n65280\r\n128\r\n");
+        << "K|PR|12|P|65280|128" << QByteArray("K\r\nPR\r\n 12 \r\nP\r\n65280\r\n128\r\n");
     QTest::newRow("rook, stop, annotated, slowest")
-        << "R"
-        << "PS" << 90 << "A" << 0 << 16777215
-        << QByteArray("R\r\nPS\r\n 90 \r\nA\r\n0\r\n16777215\r\n");
-    QTest::newRow("bishop, previous")
-        << "B"
-        << "PPP" << 5 << "L" << 1 << 2 << QByteArray("B\r\nPPP\r\n 5 \r\nL\r\n1\r\n2\r\n");
+        << "R|PS|90|A|0|16777215" << QByteArray("R\r\nPS\r\n 90 \r\nA\r\n0\r\n16777215\r\n");
+    QTest::newRow("an unwritable file ends the run quietly") << "<unwritable>" << QByteArray("old");
 }
 
-void TestStartupFile::settingsSurviveARun() {
-    QFETCH(QString, promotion);
-    QFETCH(QString, mode);
-    QFETCH(int, speed);
-    QFETCH(QString, style);
-    QFETCH(int, light);
-    QFETCH(int, dark);
+void TestStartupFile::writing() {
+    QFETCH(QString, settings);
     QFETCH(QByteArray, bytes);
-    ScriptedPlatform platform;
-    const QString path = platform.path(QStringLiteral("tolvisk.txt"));
-    {
-        Application app(platform);
-        frmMain& w = app.loadMain();
-        w.Tavlon1->setPromotionPiece(promotion);
-        w.Tavlon1->setLightSquareColor(light);
-        w.Tavlon1->setDarkSquareColor(dark);
-        app.module().APMode = mode;
-        app.module().APSpeed = int16_t(speed);
-        app.module().MoveListStyle = style;
-        QVERIFY(w.close());
+    AppFixture f;
+    const QString path = f.platform.path(QStringLiteral("tolvisk.txt"));
+    if (settings == QLatin1String("<unwritable>")) {
+        f.writeFile(QStringLiteral("tolvisk.txt"), "old");
+        f.platform.unwritable.insert(path);
+    } else {
+        const QStringList s = settings.split(u'|');
+        Tavlon& board = *f.main().Tavlon1;
+        board.setPromotionPiece(s[0]);
+        f.m().APMode = s[1];
+        f.m().APSpeed = int16_t(s[2].toInt());
+        f.m().MoveListStyle = s[3];
+        board.setLightSquareColor(s[4].toInt());
+        board.setDarkSquareColor(s[5].toInt());
     }
-    QCOMPARE(readBytes(path), bytes);
-    Application next(platform);
-    next.loadMain();
-    const Settings expected{promotion, mode, speed, style, light, dark};
-    QCOMPARE(describe(settingsOf(next)), describe(expected));
-}
-
-void TestStartupFile::unwritableFileEndsTheRunQuietly() {
-    ScriptedPlatform platform;
-    const QString path = platform.path(QStringLiteral("tolvisk.txt"));
-    writeBytes(path, "old");
-    platform.unwritable.insert(path);
-    Application app(platform);
-    frmMain& w = app.loadMain();
-    QVERIFY(w.close());
-    QVERIFY(platform.boxes().empty());
-    QCOMPARE(app.module().MainLoaded, int16_t(0));
-    QCOMPARE(readBytes(path), QByteArray("old"));
-}
-
-void TestStartupFile::leadingNumber_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("value");
-    QTest::newRow("as written") << " 1 " << 1.0;
-    QTest::newRow("letters after") << "12abc" << 12.0;
-    QTest::newRow("letters only") << "abc" << 0.0;
-    QTest::newRow("sign") << " -3" << -3.0;
-    QTest::newRow("fraction") << "2.75x" << 2.75;
-    QTest::newRow("point first") << ".5" << 0.5;
-    QTest::newRow("exponent") << "1e2" << 100.0;
-    QTest::newRow("exponent without digits") << "2e" << 2.0;
-    QTest::newRow("blank inside ends it") << "1 2" << 1.0;
-}
-
-void TestStartupFile::leadingNumber() {
-    QFETCH(QString, text);
-    QFETCH(double, value);
-    QCOMPARE(tolvisk::leadingNumber(text), value);
-}
-
-void TestStartupFile::toInt32_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<bool>("fails");
-    QTest::newRow("plain") << "12632256" << 12632256 << false;
-    QTest::newRow("blanks") << "  255  " << 255 << false;
-    QTest::newRow("negative") << "-2" << -2 << false;
-    QTest::newRow("half to even") << "2.5" << 2 << false;
-    QTest::newRow("largest") << "2147483647" << 2147483647 << false;
-    QTest::newRow("too large") << "2147483648" << 0 << true;
-    QTest::newRow("word") << "white" << 0 << true;
-    QTest::newRow("trailing letters") << "255x" << 0 << true;
-    QTest::newRow("empty") << "" << 0 << true;
-    QTest::newRow("infinity") << "inf" << 0 << true;
-}
-
-void TestStartupFile::toInt32() {
-    QFETCH(QString, text);
-    QFETCH(int, value);
-    QFETCH(bool, fails);
-    try {
-        const int32_t result = tolvisk::toInt32(text);
-        QVERIFY(!fails);
-        QCOMPARE(result, value);
-    } catch (const RuntimeError&) {
-        QVERIFY(fails);
+    QVERIFY(f.main().close());
+    QCOMPARE(AppFixture::readFile(path), bytes);
+    QVERIFY(f.platform.boxes().empty());
+    if (bytes != "old") {
+        // The next run starts with them.
+        auto next = makeApplication(f.platform);
+        next->loadMain();
+        QCOMPARE(settingsOf(*next), settings);
     }
-}
-
-void TestStartupFile::speedConversions() {
-    // Line 3 goes into a 16-bit integer, which refuses what it cannot hold.
-    QCOMPARE(tolvisk::roundToInt16(32767.4), int16_t(32767));
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, tolvisk::roundToInt16(32767.5));
-    QCOMPARE(tolvisk::numberLine(7), QStringLiteral(" 7 "));
-    QCOMPARE(tolvisk::numberLine(-7), QStringLiteral("-7 "));
 }
 
 QTEST_MAIN(TestStartupFile)

@@ -32,8 +32,6 @@ private slots:
     void loadShowsTheGame();
     void loadFromForsythTag();
     void failedLoadShowsTheErrorBox();
-    void checkForForsyth_data();
-    void checkForForsyth();
     void nextAndPreviousGame();
     void playerStateRows_data();
     void playerStateRows();
@@ -91,46 +89,15 @@ void TestViewer::failedLoadShowsTheErrorBox() {
     const QString before = w.txtMoveList->Text();
     w.lstPGNFiles->setListIndex(2);
     w.mnuFileLoad_Click();
-    const auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(1));
-    QCOMPARE(boxes[0].text, QStringLiteral("Error loading game. This game cannot be loaded."));
-    QCOMPARE(boxes[0].title, QStringLiteral("Game Error"));
-    QCOMPARE(boxes[0].icon, MsgIcon::Exclamation);
+    QCOMPARE(boxesShown(f.platform),
+             QStringList{"Game Error: Error loading game. This game cannot be loaded."});
+    QCOMPARE(f.platform.boxes()[0].icon, MsgIcon::Exclamation);
     // CurrentGame and the tags already belong to the failed game; the board keeps its game.
     QCOMPARE(f.m().CurrentGame, int16_t(3));
     QCOMPARE(w.lstTags->items(), QStringList{"[Event \"Broken\"]"});
     QCOMPARE(w.Tavlon1->GameLength(), int16_t(24));
     QCOMPARE(w.txtMoveList->Text(), before);
     QVERIFY(!f.platform.busy);
-}
-
-void TestViewer::checkForForsyth_data() {
-    QTest::addColumn<QStringList>("tags");
-    QTest::addColumn<bool>("isForsyth");
-    QTest::addColumn<QString>("forsyth");
-    QTest::newRow("marker then value")
-        << QStringList{"[SetUp \"1\"]", "[Forsyth \"x y\"]"} << true << "x y";
-    QTest::newRow("value then marker")
-        << QStringList{"[Forsyth \"x y\"]", "[SetUp \"1\"]"} << true << "x y";
-    QTest::newRow("SetUp 0") << QStringList{"[SetUp \"0\"]", "[Forsyth \"x\"]"} << false << "";
-    QTest::newRow("no marker") << QStringList{"[Forsyth \"x\"]"} << false << "";
-    QTest::newRow("marker alone") << QStringList{"[SetUp \"1\"]", "[FEN \"x\"]"} << true << "";
-    QTest::newRow("earlier line with the word wins")
-        << QStringList{"[Event \"Forsyth test\"]", "[SetUp \"1\"]", "[Forsyth \"x\"]"} << true
-        << "Forsyth test";
-    QTest::newRow("single quote") << QStringList{"[SetUp \"1\"]", "[Forsyth \"abc]"} << true
-                                  << "abc]";
-}
-
-void TestViewer::checkForForsyth() {
-    QFETCH(QStringList, tags);
-    QFETCH(bool, isForsyth);
-    QFETCH(QString, forsyth);
-    AppFixture f;
-    f.main().lstTags->setItems(tags);
-    f.main().CheckForForsyth();
-    QCOMPARE(f.main().IsForsythGame, isForsyth);
-    QCOMPARE(f.main().MyForsyth, forsyth);
 }
 
 void TestViewer::nextAndPreviousGame() {
@@ -172,7 +139,7 @@ void TestViewer::playerStateRows() {
     frmMain& w = f.main();
     w.Tavlon1->GotoPly(int16_t(ply));
     w.lstPGNFiles->setListIndex(int16_t(listIndex));
-    f.m().SetPlayerState();
+    f.main().SetPlayerState();
     for (const QString& key : enabled)
         QVERIFY2(w.Toolbar1->button(key)->isEnabled(), qPrintable(key));
     for (const QString& key : disabled)
@@ -207,18 +174,14 @@ void TestViewer::fiftyMoveNotice() {
     w.Tavlon1->LoadMovesFrom(QStringLiteral("4k3/8/8/8/8/8/8/R3K3 w - - 98 60"),
                              QStringLiteral("60. Ra2 Kd7 61. Ra3 *"));
     w.Tavlon1->GotoPly(2); // halfmove clock 100
-    f.m().SetPlayerState();
-    auto boxes = f.platform.boxes();
-    QCOMPARE(boxes.size(), size_t(1));
-    QCOMPARE(boxes[0].title, QStringLiteral("50 Move Rule"));
-    QCOMPARE(
-        boxes[0].text,
-        QStringLiteral(
-            "Fifty move rule:\r\n\r\nIt has been 50 moves since the last pawn move or capture."));
-    QCOMPARE(boxes[0].icon, MsgIcon::Information);
+    f.main().SetPlayerState();
+    QCOMPARE(boxesShown(f.platform), QStringList{"50 Move Rule: Fifty move rule:\r\n\r\nIt has "
+                                                 "been 50 moves since the last pawn move or "
+                                                 "capture."});
+    QCOMPARE(f.platform.boxes()[0].icon, MsgIcon::Information);
     w.Tavlon1->GotoPly(0); // 49
     f.platform.clear();
-    f.m().SetPlayerState();
+    f.main().SetPlayerState();
     QVERIFY(f.platform.boxes().empty());
 }
 
@@ -242,7 +205,7 @@ void TestViewer::moveListStyles() {
     f.m().MoveListStyle = style;
     f.main().Tavlon1->LoadMoves(
         QStringLiteral("{Start} 1. e4 e5 {Open} 2. Nf3 (2. f4 exf4) Nc6 1-0"));
-    f.m().BuildMoveList();
+    f.main().BuildMoveList();
     QCOMPARE(f.main().txtMoveList->Text(), text);
 }
 
@@ -264,6 +227,12 @@ void TestViewer::doubleClickOnMoveNumber_data() {
                                                              << "a.b" << 0;
     QTest::newRow("too large for a ply does nothing") << "L"
                                                       << "20000." << 1;
+    QTest::newRow("nan is no number") << "L"
+                                      << "nan" << 1;
+    QTest::newRow("inf is no number") << "A"
+                                      << "inf" << 1;
+    QTest::newRow("an exponent is no move number") << "L"
+                                                   << "1e1" << 1;
 }
 
 void TestViewer::doubleClickOnMoveNumber() {
@@ -288,15 +257,15 @@ void TestViewer::annotateAndSaveKeepsEverything() {
     frmMain& w = f.main();
     w.mnuPlayerMoveNext_Click();
     w.mnuPlayerMoveNext_Click();
-    w.txtAnnotation->setText(QStringLiteral("Solid,\r\nand classical"));
-    w.cmdSetAnno_Click();
+    w.txtAnnotation->setText(QStringLiteral("Solid,\r\nand\u00a0classical"));
+    QTest::mouseClick(w.cmdSetAnno, Qt::LeftButton);
     QVERIFY(w.Tavlon1->GameChanged());
     QVERIFY(w.mnuFileSave->isEnabled());
     QVERIFY(!f.m().FileChanged);
     w.mnuFileSave_Click();
     const QString moves = f.m().GameStore[1].Moves;
     QVERIFY(moves.startsWith(QStringLiteral(
-        "{Before} 1. e4 e5 {Solid, and classical} 2. Nf3 (2. f4 exf4 $1) 2... Nc6 $14")));
+        "{Before} 1. e4 e5 {Solid, and\u00a0classical} 2. Nf3 (2. f4 exf4 $1) 2... Nc6 $14")));
     QVERIFY(moves.endsWith(QStringLiteral("1-0\r\n")));
     // Save All and reopen: the game comes back with its variation, NAGs and comments.
     const QString out = f.platform.path(QStringLiteral("saved.pgn"));
@@ -310,7 +279,7 @@ void TestViewer::annotateAndSaveKeepsEverything() {
     w.Tavlon1->GotoPly(2);
     QString annotation;
     w.Tavlon1->GetAnnotation(annotation);
-    QCOMPARE(annotation, QStringLiteral("Solid, and classical"));
+    QCOMPARE(annotation, QStringLiteral("Solid, and\u00a0classical"));
     QVERIFY(w.Tavlon1->MovesAnnotated().contains(QStringLiteral("(2. f4 exf4 $1)")));
 }
 
@@ -337,6 +306,9 @@ void TestViewer::newGameKeepsTheStore() {
     QCOMPARE(f.m().gameCount(), 3);
     QCOMPARE(w.lstPGNFiles->ListIndex(), int16_t(0));
     QVERIFY(!w.Toolbar1->button(QStringLiteral("StartAP"))->isEnabled());
+    // The names beside the board are the new tags' too.
+    QCOMPARE(w.Tavlon1->WhitePlayer(), QStringLiteral("?"));
+    QCOMPARE(w.Tavlon1->BlackPlayer(), QStringLiteral("?"));
 }
 
 QTEST_MAIN(TestViewer)

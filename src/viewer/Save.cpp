@@ -1,15 +1,18 @@
-// Saving: the game on the board into the store, one game to a file of its own, and the whole
-// store to its PGN file.
+// Saving: the game on the board into the store, one game to a file of its own, the whole store
+// to its PGN file, and the two prompts that guard unsaved work.
 
 #include "platform/Errors.h"
+#include "platform/Numbers.h"
 #include "platform/Platform.h"
+#include "store/Import.h"
 #include "store/Module1.h"
+#include "store/StoreWriter.h"
+#include "store/TagLines.h"
 #include "viewer/frmMain.h"
 
-using namespace tolvisk;
+namespace tolvisk {
 
 namespace {
-const QString kCrLf = QStringLiteral("\r\n");
 constexpr int kMaxGames = 32767; // list indexes are 16-bit
 } // namespace
 
@@ -20,7 +23,7 @@ void frmMain::mnuFileSave_Click() {
         if (lstPGNFiles->ListCount() >= kMaxGames) {
             platform_.msgBox(
                 QStringLiteral("The database is full. No more than 32,767 games can be kept."),
-                MsgButtons::OK, MsgIcon::Exclamation, QStringLiteral("Ravelund"));
+                MsgButtons::OK, MsgIcon::Exclamation, kDefaultTitle);
             return;
         }
         index = lstPGNFiles->ListCount() + 1;
@@ -28,30 +31,22 @@ void frmMain::mnuFileSave_Click() {
             m_.GameStore.resize(size_t(index) + 1);
     }
     GameRecord& game = m_.record(index);
-    QString header;
-    for (const QString& line : lstTags->items())
-        header += line + kCrLf;
-    header += kCrLf;
-    game.Header = header;
+    game.Header = headerText(lstTags->items());
     game.Moves = Tavlon1->MovesAnnotated() + kCrLf;
     Tavlon1->setGameChanged(false);
-    m_.FillGameList();
+    FillGameList();
     if (isNew)
         m_.CurrentGame = int16_t(index);
     lstPGNFiles->setListIndex(toInt16(m_.CurrentGame - 1));
     m_.FileChanged = true;
-    m_.SetPlayerState();
+    SetPlayerState();
 }
 
 void frmMain::mnuFileSaveAs_Click() {
     try {
-        const QString path = platform_.showSave(pgnFileFilter(), QString());
+        const QString path = platform_.showSave(kPgnFileFilter, QString());
         platform_.setBusy(true);
-        QString text;
-        for (const QString& line : lstTags->items())
-            text += line + kCrLf;
-        text += kCrLf;
-        text += txtMoveList->Text();
+        const QString text = headerText(lstTags->items()) + txtMoveList->Text();
         auto file = platform_.openOutput(path, m_.FileEncoding);
         file->print(text);
         file->close();
@@ -70,27 +65,19 @@ void frmMain::mnuFileSaveAll_Click() {
                          QStringLiteral("No Games To Export"));
         return;
     }
-    m_.PromptSaveGame();
+    PromptSaveGame();
     if (m_.SaveCancelled)
         return;
     try {
         if (m_.PGNFileName.isEmpty())
-            m_.PGNFileName = platform_.showSave(pgnFileFilter(), QString());
+            m_.PGNFileName = platform_.showSave(kPgnFileFilter, QString());
         platform_.setBusy(true);
         auto file = platform_.openOutput(m_.PGNFileName, m_.FileEncoding);
-        const int n = m_.gameCount();
-        for (int i = 1; i <= n; ++i) {
-            const GameRecord& game = m_.GameStore[size_t(i)];
-            if (game.Deleted)
-                continue;
-            file->write(game.Header);
-            file->write(game.Moves);
-            file->write(kCrLf);
-        }
+        writeStore(*file, m_.GameStore);
         file->close();
         m_.FileChanged = false;
-        setWindowTitle(QStringLiteral("Ravelund - ") + m_.PGNFileName);
-        m_.SetPlayerState();
+        showFileTitle(m_.PGNFileName);
+        SetPlayerState();
         platform_.setBusy(false);
     } catch (const std::exception&) {
         platform_.setBusy(false);
@@ -101,3 +88,37 @@ void frmMain::mnuFileSaveAllAs_Click() {
     m_.PGNFileName.clear();
     mnuFileSaveAll_Click();
 }
+
+void frmMain::PromptSaveGame() {
+    promptToSave(Tavlon1->GameChanged(),
+                 QStringLiteral("The game has changed. Save changes before continuing?"),
+                 QStringLiteral("Unsaved Game Changes"), &frmMain::mnuFileSave_Click);
+}
+
+void frmMain::PromptSaveFile() {
+    promptToSave(m_.FileChanged,
+                 QStringLiteral("The PGN file has changed. Save changes before continuing?"),
+                 QStringLiteral("Unsaved File Changes"), &frmMain::mnuFileSaveAll_Click);
+}
+
+void frmMain::promptToSave(bool changed, const QString& text, const QString& title, Handler save) {
+    m_.SaveCancelled = false;
+    if (!changed)
+        return;
+    const MsgResult answer =
+        platform_.msgBox(text, MsgButtons::YesNoCancel, MsgIcon::Question, title);
+    if (answer == MsgResult::Cancel)
+        m_.SaveCancelled = true;
+    else if (answer == MsgResult::Yes)
+        (this->*save)();
+}
+
+bool frmMain::promptSaveBoth() {
+    PromptSaveGame();
+    if (m_.SaveCancelled)
+        return false;
+    PromptSaveFile();
+    return !m_.SaveCancelled;
+}
+
+} // namespace tolvisk

@@ -7,6 +7,8 @@
 #include <QProgressBar>
 #include <QWidget>
 
+namespace tolvisk {
+
 class frmLoadFile : public QWidget {
     Q_OBJECT
 public:
@@ -16,12 +18,15 @@ public:
     QProgressBar* ProgressBar1 = nullptr;
 
     // The import reports every game; the window shows the news at most every 50 ms, so that
-    // painting costs next to nothing beside the import itself.
-    void report(long count, int percent);
-    void flush();
+    // painting costs next to nothing beside the import itself. A percentage above 100 leaves
+    // the bar as it was.
+    void report(long count, long percent);
 
 private:
+    void flush();
     QElapsedTimer sinceRepaint_;
     long count_ = 0;
-    int percent_ = 0;
+    long percent_ = 0;
 };
+
+} // namespace tolvisk

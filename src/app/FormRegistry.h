@@ -1,0 +1,17 @@
+#pragma once
+
+// The one place that knows every window: each name the program shows, and how to make it.
+// Adding a window is its folder and one line in the table.
+
+#include <QString>
+
+class QWidget;
+
+namespace tolvisk {
+
+class Application;
+
+// Makes the window of that name, or gives nullptr for a name not in the table.
+QWidget* createForm(const QString& name, Application& app);
+
+} // namespace tolvisk

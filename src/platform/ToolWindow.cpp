@@ -1,0 +1,23 @@
+#include "platform/ToolWindow.h"
+
+#include "platform/Twips.h"
+#include "platform/WindowPlacement.h"
+
+namespace tolvisk {
+
+ToolWindow::ToolWindow(const QString& name, const QString& title, int clientWidthTwips,
+                       int clientHeightTwips)
+    : QWidget(nullptr, Qt::Window) {
+    setObjectName(name);
+    setWindowTitle(title);
+    setAttribute(Qt::WA_DeleteOnClose);
+    resize(twipsToPx(clientWidthTwips), twipsToPx(clientHeightTwips));
+    centreOnScreen(this);
+}
+
+void ToolWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    emit Unloaded();
+}
+
+} // namespace tolvisk

@@ -1,0 +1,16 @@
+#include "store/StoreWriter.h"
+
+namespace tolvisk {
+
+void writeStore(TextFileWriter& file, const GameStoreArray& store) {
+    for (size_t i = 1; i < store.size(); ++i) {
+        const GameRecord& game = store[i];
+        if (game.Deleted)
+            continue;
+        file.write(game.Header);
+        file.write(game.Moves);
+        file.write(kCrLf);
+    }
+}
+
+} // namespace tolvisk

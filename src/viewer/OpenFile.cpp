@@ -1,0 +1,68 @@
+// Opening a PGN file: the store is replaced by the file's games while frmLoadFile shows the
+// progress.
+
+#include "platform/Errors.h"
+#include "platform/Painting.h"
+#include "platform/Platform.h"
+#include "store/Import.h"
+#include "store/Module1.h"
+#include "viewer/frmLoadFile.h"
+#include "viewer/frmMain.h"
+
+#include <memory>
+
+namespace tolvisk {
+
+void frmMain::mnuFileOpen_Click() {
+    if (!promptSaveBoth())
+        return;
+    std::unique_ptr<TextFileReader> file;
+    std::unique_ptr<frmLoadFile> progress;
+    try {
+        const QString FileToOpen = platform_.showOpen(kPgnFileFilter, openDialogStartDir());
+        if (FileToOpen.isEmpty())
+            return;
+        rememberOpenDir(FileToOpen);
+        m_.PGNFileName = FileToOpen;
+        ClearGames();
+        SetupNewGame();
+        repaintNow(this);
+
+        file = platform_.openInput(FileToOpen);
+        m_.FileEncoding = file->encoding();
+        progress = std::make_unique<frmLoadFile>();
+        progress->ProgressBar1->setVisible(true);
+        platform_.setBusy(true);
+        progress->setWindowTitle(FileToOpen);
+        // On the screen before the import starts, which does not return to the event loop.
+        showExposed(progress.get());
+        const ImportResult result = importGames(*file, m_.GameStore, [&](long count, long percent) {
+            progress->report(count, percent);
+        });
+        if (result.limitReached) {
+            progress.reset();
+            platform_.setBusy(false);
+            platform_.msgBox(QStringLiteral("Maximum Limit Of Database Reached"), MsgButtons::OK,
+                             MsgIcon::None, QStringLiteral("Ravelund Limit = 32,000 Games"));
+            showFileTitle(FileToOpen);
+            FillGameList();
+        }
+        file.reset();
+        progress.reset();
+        showFileTitle(FileToOpen);
+        FillGameList();
+        txtPreview->setText(QString());
+        if (result.count > 0)
+            lstPGNFiles->setListIndex(0);
+        SetPlayerState();
+        m_.FileChanged = false;
+        platform_.setBusy(false);
+    } catch (const std::exception& e) {
+        file.reset();
+        progress.reset();
+        platform_.setBusy(false);
+        platform_.msgBox(describeError(e), MsgButtons::OK, MsgIcon::None, QString());
+    }
+}
+
+} // namespace tolvisk
