@@ -377,13 +377,6 @@ private slots:
         QCOMPARE(pieceOn(*board, from) == moved, !played);
     }
 
-    void newLineKeepsTheOldOneAsVariation() {
-        board->LoadMoves(kGame);
-        drag(*board, QStringLiteral("d2"), QStringLiteral("d4"));
-        QVERIFY(board->MovesAnnotated().contains(QStringLiteral("e4")));
-        QVERIFY(board->MovesAnnotated().contains(QStringLiteral("d4")));
-    }
-
     void promotion_data() {
         QTest::addColumn<QString>("view");
         QTest::addColumn<QString>("setting");
