@@ -1,7 +1,9 @@
 #pragma once
 
 // A chess position with legal move generation. Squares are 0 (a1) to 63 (h8); castling rights
-// are kept as rook files so that Chess960 starting positions work like the normal one.
+// are kept as rook files so that Chess960 starting positions work like the normal one. Pieces
+// are kept twice, square by square and as bit sets per colour and per type, on which attacks are
+// worked out; the pieces that give check are found as each move is made.
 
 #include <array>
 #include <cstdint>
