@@ -22,8 +22,6 @@ struct Tables {
     Bitboard king[64];
     Bitboard pawn[2][64];     // the squares a pawn of that colour attacks
     Bitboard ray[8][64];      // from a square to the edge, the square itself left out
-    Bitboard between[64][64]; // the squares strictly between two on a line, else none
-    Bitboard line[64][64];    // the whole line through two squares, else none
     int8_t direction[64][64]; // the direction from one square to another on a line, else -1
 };
 
@@ -58,18 +56,9 @@ constexpr Tables makeTables() {
         for (int b = 0; b < 64; ++b)
             t.direction[a][b] = -1;
     for (int a = 0; a < 64; ++a)
-        for (int dir = 0; dir < 8; ++dir) {
-            const int back = dir < 4 ? dir + 4 : dir - 4;
-            Bitboard walked = 0;
-            for (Bitboard r = t.ray[dir][a]; r;) {
-                const int b = dir < 4 ? std::countr_zero(r) : 63 - std::countl_zero(r);
-                r &= ~bitOf(b);
-                t.between[a][b] = walked;
-                t.direction[a][b] = int8_t(dir);
-                t.line[a][b] = t.ray[dir][a] | t.ray[back][a] | bitOf(a);
-                walked |= bitOf(b);
-            }
-        }
+        for (int dir = 0; dir < 8; ++dir)
+            for (Bitboard r = t.ray[dir][a]; r; r &= r - 1)
+                t.direction[a][std::countr_zero(r)] = int8_t(dir);
     return t;
 }
 
@@ -116,6 +105,19 @@ Bitboard rookRays(int sq) {
 
 Bitboard bishopRays(int sq) {
     return kTables.ray[2][sq] | kTables.ray[3][sq] | kTables.ray[6][sq] | kTables.ray[7][sq];
+}
+
+// The squares strictly between two squares on a line; none when they are on no line. (Worked
+// out from the rays rather than kept in a table of every pair, which would not stay in cache.)
+Bitboard between(int a, int b) {
+    const int dir = kTables.direction[a][b];
+    return dir < 0 ? 0 : kTables.ray[dir][a] ^ kTables.ray[dir][b] ^ bitOf(b);
+}
+
+// The whole line through two squares; none when they are on no line.
+Bitboard lineThrough(int a, int b) {
+    const int dir = kTables.direction[a][b];
+    return dir < 0 ? 0 : kTables.ray[dir][a] | kTables.ray[dir ^ 4][a] | bitOf(a);
 }
 
 // The clocks stop at the largest number a Forsyth string may give them.
@@ -173,9 +175,9 @@ Bitboard Position::pins() const {
                        (bishopRays(king) & (pieces(them, Bishop) | pieces(them, Queen)));
     Bitboard result = 0;
     while (snipers) {
-        const Bitboard between = kTables.between[king][popLowest(snipers)] & occ;
-        if (between && !(between & (between - 1)) && (between & byColor_[side_]))
-            result |= between;
+        const Bitboard shield = between(king, popLowest(snipers)) & occ;
+        if (shield && !(shield & (shield - 1)) && (shield & byColor_[side_]))
+            result |= shield;
     }
     return result;
 }
@@ -184,11 +186,11 @@ bool Position::pinnedAway(int from, int to) const {
     const int king = king_[side_];
     if (king < 0)
         return false;
-    const Bitboard line = kTables.line[king][from];
-    if (!line || (line & bitOf(to)) || (kTables.between[king][from] & occupied()))
-        return false;
-    // Nothing stands between the king and `from`: what stands behind it?
+    // On no line with the king, something between the two, or staying on the line: no harm.
     const int dir = kTables.direction[king][from];
+    if (dir < 0 || kTables.direction[king][to] == dir || (between(king, from) & occupied()))
+        return false;
+    // What stands behind it?
     const Color them = Color(side_ ^ 1);
     const Bitboard sliders =
         pieces(them, Queen) | ((dir & 2) ? pieces(them, Bishop) : pieces(them, Rook));
@@ -222,9 +224,9 @@ void Position::legalMoves(MoveList& list) const {
     // Out of check a move must take the checker or step between; a pinned piece keeps to its
     // line.
     const Bitboard target =
-        ~own & (checkers ? checkers | kTables.between[king][lowest(checkers)] : kAllSquares);
+        ~own & (checkers ? checkers | between(king, lowest(checkers)) : kAllSquares);
     auto allowed = [&](int from) {
-        return (pinned & bitOf(from)) ? target & kTables.line[king][from] : target;
+        return (pinned & bitOf(from)) ? target & lineThrough(king, from) : target;
     };
     for (Bitboard b = pieces(us, Knight) & ~pinned; b;) {
         const int from = popLowest(b);
@@ -362,7 +364,7 @@ Position::CastleCheck Position::castleCheck(int side) const {
     const int kingTo = makeSquare(side == 0 ? 6 : 2, rank);
     const int rookTo = makeSquare(side == 0 ? 5 : 3, rank);
     // Every square the king or the rook passes or lands on is empty but for the two of them.
-    auto span = [](int a, int b) { return kTables.between[a][b] | bitOf(a) | bitOf(b); };
+    auto span = [](int a, int b) { return between(a, b) | bitOf(a) | bitOf(b); };
     const Bitboard others = occupied() & ~bitOf(kingFrom) & ~bitOf(rookFrom);
     if ((span(kingFrom, kingTo) | span(rookFrom, rookTo)) & others)
         return CastleCheck::Blocked;
@@ -473,14 +475,14 @@ void Position::findCheckersAfter(int from, int to) {
     default: {
         const int dir = kTables.direction[to][king];
         direct = dir >= 0 && (type == Queen || bool(dir & 2) == (type == Bishop)) &&
-                 !(kTables.between[to][king] & occ);
+                 !(between(to, king) & occ);
         break;
     }
     }
     if (direct)
         checkers_ |= bitOf(to);
     const int dir = kTables.direction[king][from];
-    if (dir >= 0 && !(kTables.between[king][from] & occ)) {
+    if (dir >= 0 && !(between(king, from) & occ)) {
         const Bitboard sliders =
             pieces(us, Queen) | ((dir & 2) ? pieces(us, Bishop) : pieces(us, Rook));
         checkers_ |= rayAttacks(dir, king, occ) & sliders;
