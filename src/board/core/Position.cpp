@@ -186,9 +186,11 @@ bool Position::pinnedAway(int from, int to) const {
     const int king = king_[side_];
     if (king < 0)
         return false;
-    // On no line with the king, something between the two, or staying on the line: no harm.
+    // On no line with the king, something between the two, or staying on the line (the king's
+    // own square counts, where a king has been taken in a set-up position): no harm.
     const int dir = kTables.direction[king][from];
-    if (dir < 0 || kTables.direction[king][to] == dir || (between(king, from) & occupied()))
+    if (dir < 0 || to == king || kTables.direction[king][to] == dir ||
+        (between(king, from) & occupied()))
         return false;
     // What stands behind it?
     const Color them = Color(side_ ^ 1);

@@ -103,6 +103,9 @@ void TestPosition::perftCounts() {
 // finds them, are exactly the legal moves there, castling aside.
 void TestPosition::movesToASquare_data() {
     perftCounts_data();
+    // Set-up oddities: two kings a side, and a king taken (found by fuzzing).
+    QTest::newRow("kings taken")
+        << "r5kr/p1ppqpb1/bn2pnq1/3KN3/3Q2p1/pq1pppb1/bn2pkq1/K6N w - - 0 1" << 3 << 0LL;
 }
 
 namespace {
