@@ -4,11 +4,19 @@
 #include "viewer/frmMain.h"
 
 #include <QApplication>
+#include <QIcon>
 
 int main(int argc, char* argv[]) {
     QApplication qapp(argc, argv);
+    // The desktop entry and the icon theme know the program by this name; a build tree that the
+    // theme does not know uses the icons built into the program.
+    QGuiApplication::setDesktopFileName(QStringLiteral("tolvisk"));
+    QIcon builtIn;
+    for (const char* size : {"16x16", "32x32", "48x48", "256x256"})
+        builtIn.addFile(QStringLiteral(":/icons/%1/tolvisk.png").arg(QLatin1String(size)));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("tolvisk"), builtIn));
     tolvisk::QtPlatform platform;
-    tolvisk::Application app(platform, &tolvisk::createForm);
+    tolvisk::Application app(platform, &tolvisk::createForm, &tolvisk::createOutput);
     app.loadMain().show();
     return qapp.exec();
 }

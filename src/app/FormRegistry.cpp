@@ -4,6 +4,7 @@
 #include "help/frmAbout.h"
 #include "help/frmHelp.h"
 #include "options/frmOptions.h"
+#include "output/Output.h"
 #include "setup/frmSetup.h"
 #include "tags/frmEditTags.h"
 #include "variation/frmVariation.h"
@@ -34,6 +35,10 @@ const std::map<QString, QWidget* (*)(Application&)> kForms = {
 QWidget* createForm(const QString& name, Application& app) {
     const auto form = kForms.find(name);
     return form == kForms.end() ? nullptr : form->second(app);
+}
+
+std::unique_ptr<GameOutput> createOutput(Application& app) {
+    return std::make_unique<Output>(app);
 }
 
 } // namespace tolvisk

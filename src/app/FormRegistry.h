@@ -5,13 +5,18 @@
 
 #include <QString>
 
+#include <memory>
+
 class QWidget;
 
 namespace tolvisk {
 
 class Application;
+class GameOutput;
 
 // Makes the window of that name, or gives nullptr for a name not in the table.
 QWidget* createForm(const QString& name, Application& app);
+// The printing, clipboard text and board picture routines of the output folder.
+std::unique_ptr<GameOutput> createOutput(Application& app);
 
 } // namespace tolvisk

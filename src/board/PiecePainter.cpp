@@ -106,10 +106,12 @@ void PiecePainter::prepare(qreal squareSize, qreal devicePixelRatio) {
     }
 }
 
+const QPixmap& PiecePainter::pixmap(Piece piece) const {
+    return piece ? pixmaps_[colorOf(piece)][typeOf(piece)] : none_;
+}
+
 void PiecePainter::draw(QPainter& painter, QPointF centre, Piece piece) const {
-    if (!piece)
-        return;
-    const QPixmap& image = pixmaps_[colorOf(piece)][typeOf(piece)];
+    const QPixmap& image = pixmap(piece);
     if (image.isNull())
         return;
     const QSizeF size = image.deviceIndependentSize();

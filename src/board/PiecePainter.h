@@ -25,6 +25,8 @@ public:
     void prepare(qreal squareSize, qreal devicePixelRatio);
     // Draws a piece of the prepared size centred on `centre`; an empty square draws nothing.
     void draw(QPainter& painter, QPointF centre, Piece piece) const;
+    // The prepared picture of a piece; a null pixmap for an empty square.
+    const QPixmap& pixmap(Piece piece) const;
 
 private:
     struct Shape {
@@ -35,6 +37,7 @@ private:
     std::array<Shape, 7> shapes_; // by piece type
     bool shapesMade_ = false;
     std::array<std::array<QPixmap, 7>, 2> pixmaps_; // by colour and piece type
+    QPixmap none_;
     qreal squareSize_ = 0;
     qreal devicePixelRatio_ = 0;
 

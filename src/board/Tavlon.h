@@ -71,6 +71,9 @@ public:
     int32_t DarkSquareColor() const { return darkSquareColor_; }
     void setDarkSquareColor(int32_t color);
 
+    // The design size in twips, as the windows lay the control out.
+    static constexpr int kDesignWidthTwips = tavlon::kDesignWidthTwips;
+    static constexpr int kDesignHeightTwips = tavlon::kDesignHeightTwips;
     // The squares' rectangle in widget pixels at the present size.
     QRectF squaresRect() const;
 

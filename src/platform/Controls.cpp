@@ -131,7 +131,13 @@ void ListBox::RemoveItem(int16_t index) {
     if (index < 0 || index >= model_->items.size())
         throw invalidPropertyValue();
     settingIndex_ = true;
+    const bool selected = ListIndex() == index;
     model_->remove(index);
+    // Removing the selected entry leaves none selected; the view would select a neighbour.
+    if (selected) {
+        selectionModel()->clearSelection();
+        selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+    }
     settingIndex_ = false;
 }
 

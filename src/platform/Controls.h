@@ -39,6 +39,7 @@ public:
     void AddItem(const QString& text);
     // Inserts before `index`.
     void AddItem(const QString& text, int16_t index);
+    // Removing the selected entry leaves no entry selected.
     void RemoveItem(int16_t index);
     void Clear();
     // Replaces all entries at once (fast path for long lists); no selection afterwards.

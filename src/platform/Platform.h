@@ -9,8 +9,6 @@
 #include <cstdint>
 #include <memory>
 
-class QWidget;
-
 namespace tolvisk {
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
@@ -44,16 +42,17 @@ public:
     virtual void clipboardClear() = 0;
     virtual void clipboardSetText(const QString& text) = 0;
     virtual void clipboardSetImage(const QImage& image) = 0;
-    // Reads a rectangle of the screen (global coordinates, pixels).
-    virtual QImage grabScreen(QWidget* widget, int x, int y, int width, int height) = 0;
 
     // Starts a program without waiting; throws RuntimeError when it cannot start.
     virtual void startProgram(const QString& path, const QStringList& arguments) = 0;
 
     // Where the program's executable lies.
     virtual QString exeDir() = 0;
-    // The directory for the start-up file and the help text: the executable's directory, or the
-    // user's configuration directory where that one is not writable.
+    // Where the files that come with the program lie (the samples, the help text): the
+    // executable's directory in a build tree, the installed data directory beside /usr/bin.
+    virtual QString sharedDataDir() = 0;
+    // The directory for the start-up file: the executable's directory when the program runs
+    // from a writable tree of its own, else the user's configuration directory.
     virtual QString dataDir() = 0;
 
     virtual std::unique_ptr<TextFileReader> openInput(const QString& path) = 0;

@@ -2,6 +2,7 @@
 
 #include "platform/Errors.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -14,8 +15,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QProcess>
-#include <QScreen>
 #include <QStandardPaths>
 #include <QTextDocument>
 #include <QWidget>
@@ -161,11 +162,19 @@ uint32_t QtPlatform::showColor(uint32_t initial) {
 }
 
 void QtPlatform::printText(const QString& text) {
-    QPrinter printer;
-    if (!printer.isValid())
+    // The default printer with its own settings, no dialog. Without any printer Qt would fall
+    // back to writing a PDF file, which is not printing: that is an error here.
+    if (QPrinterInfo::availablePrinterNames().isEmpty())
         throw RuntimeError(QStringLiteral("No printer is available."), 482);
+    QPrinter printer;
+    if (!printer.isValid() || printer.outputFormat() != QPrinter::NativeFormat)
+        throw RuntimeError(QStringLiteral("No printer is available."), 482);
+    // Laid out on the printer's own pages, so that the document prints as it is: unpaged, it
+    // would get page numbers added.
     QTextDocument document;
-    document.setPlainText(text);
+    document.documentLayout()->setPaintDevice(&printer);
+    document.setPageSize(printer.pageRect(QPrinter::DevicePixel).size());
+    document.setPlainText(QString(text).replace(kCrLf, QStringLiteral("\n")));
     document.print(&printer);
 }
 
@@ -178,14 +187,9 @@ void QtPlatform::clipboardSetText(const QString& text) {
 }
 
 void QtPlatform::clipboardSetImage(const QImage& image) {
+    if (image.isNull())
+        throw RuntimeError(QStringLiteral("Can't put an empty picture on the clipboard"), 521);
     QGuiApplication::clipboard()->setImage(image);
-}
-
-QImage QtPlatform::grabScreen(QWidget* widget, int x, int y, int width, int height) {
-    QScreen* screen = widget ? widget->screen() : QGuiApplication::primaryScreen();
-    if (!screen)
-        throw RuntimeError(QStringLiteral("No screen to capture."), 5);
-    return screen->grabWindow(0, x, y, width, height).toImage();
 }
 
 void QtPlatform::startProgram(const QString& path, const QStringList& arguments) {
@@ -197,11 +201,27 @@ QString QtPlatform::exeDir() {
     return QCoreApplication::applicationDirPath();
 }
 
+QString findSharedDataDir(const QString& exeDir, const QString& dataFromBin) {
+    const QDir exe(exeDir);
+    // A build tree holds the data beside the program; an installed program finds it under
+    // share/ beside bin/, whatever the prefix.
+    if (exe.exists(QStringLiteral("samples")) || exe.exists(QStringLiteral("tolhelp.txt")))
+        return exe.path();
+    const QString installed = QDir::cleanPath(exe.filePath(dataFromBin));
+    return QFileInfo(installed).isDir() ? installed : exe.path();
+}
+
+QString QtPlatform::sharedDataDir() {
+    return findSharedDataDir(exeDir(), QStringLiteral(TOLVISK_DATA_FROM_BIN));
+}
+
 QString QtPlatform::dataDir() {
     const QString dir = exeDir();
-    if (QFileInfo(dir).isWritable())
+    if (sharedDataDir() == dir && QFileInfo(dir).isWritable())
         return dir;
-    const QString config = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    // An installed program keeps its start-up file with the user, even when run as root.
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                           QStringLiteral("/tolvisk");
     QDir().mkpath(config);
     return config;
 }

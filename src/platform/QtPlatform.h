@@ -18,9 +18,9 @@ public:
     void clipboardClear() override;
     void clipboardSetText(const QString& text) override;
     void clipboardSetImage(const QImage& image) override;
-    QImage grabScreen(QWidget* widget, int x, int y, int width, int height) override;
     void startProgram(const QString& path, const QStringList& arguments) override;
     QString exeDir() override;
+    QString sharedDataDir() override;
     QString dataDir() override;
     std::unique_ptr<TextFileReader> openInput(const QString& path) override;
     std::unique_ptr<TextFileWriter> openOutput(const QString& path, TextEncoding encoding) override;
@@ -34,6 +34,9 @@ private:
 QString qtFileFilter(const QString& filter);
 // The extension a Qt file filter names, "pgn" for "PGN files (*.pgn)"; none for "*.*".
 QString filterSuffix(const QString& qtFilter);
+// Where the data that come with the program lie, seen from the executable's folder: that folder
+// when it holds them, else the folder `dataFromBin` leads to when it exists, else that folder.
+QString findSharedDataDir(const QString& exeDir, const QString& dataFromBin);
 // Opens a file's bytes as sequential text input; throws RuntimeError when it cannot.
 std::unique_ptr<TextFileReader> readTextFile(const QString& path);
 

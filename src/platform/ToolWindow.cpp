@@ -1,5 +1,7 @@
 #include "platform/ToolWindow.h"
 
+#include "platform/Errors.h"
+#include "platform/Platform.h"
 #include "platform/Twips.h"
 #include "platform/WindowPlacement.h"
 
@@ -18,6 +20,15 @@ ToolWindow::ToolWindow(const QString& name, const QString& title, int clientWidt
 void ToolWindow::closeEvent(QCloseEvent* event) {
     event->accept();
     emit Unloaded();
+}
+
+void ToolWindow::run(Platform& platform, const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const std::exception& e) {
+        platform.setBusy(false);
+        platform.msgBox(describeError(e), MsgButtons::OK, MsgIcon::Critical, QString());
+    }
 }
 
 } // namespace tolvisk

@@ -6,7 +6,11 @@
 #include <QCloseEvent>
 #include <QWidget>
 
+#include <functional>
+
 namespace tolvisk {
+
+class Platform;
 
 class ToolWindow : public QWidget {
     Q_OBJECT
@@ -20,6 +24,14 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    // Runs an event handler; an error that no handler took is reported in a box, not fatal, as
+    // in the main window.
+    static void run(Platform& platform, const std::function<void()>& handler);
+    // Connects a control's event to a handler that runs as `run` runs it.
+    template <class Sender, class Signal, class Handler>
+    void wire(Platform& platform, Sender* sender, Signal signal, Handler handler) {
+        connect(sender, signal, this, [&platform, handler] { run(platform, handler); });
+    }
 };
 
 } // namespace tolvisk

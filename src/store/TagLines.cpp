@@ -13,21 +13,38 @@ QString tagValue(QStringView line) {
     return (second < 0 ? line.mid(first + 1) : line.mid(first + 1, second - first - 1)).toString();
 }
 
+namespace {
+
+// The first line holding `text`, or nullptr.
+const QString* firstHolding(const QStringList& lines, QLatin1String text) {
+    for (const QString& line : lines)
+        if (line.contains(text))
+            return &line;
+    return nullptr;
+}
+
+} // namespace
+
 void findForsythTag(const QStringList& tagLines, bool& isForsythGame, QString& forsyth) {
     isForsythGame = false;
     forsyth.clear();
-    for (const QString& line : tagLines)
-        if (line.contains(QLatin1String("SetUp \"1\""))) {
-            isForsythGame = true;
-            break;
-        }
-    if (!isForsythGame)
+    const QLatin1String fen("[FEN ");
+    const QString* fenLine = firstHolding(tagLines, fen);
+    const bool marker = firstHolding(tagLines, QLatin1String("SetUp \"1\"")) != nullptr;
+    if (!marker && (!fenLine || firstHolding(tagLines, QLatin1String("SetUp \"0\""))))
         return;
-    for (const QString& line : tagLines)
-        if (line.contains(QLatin1String("Forsyth"))) {
-            forsyth = tagValue(line);
-            return;
-        }
+    isForsythGame = true;
+    // The word alone decides where a Forsyth tag stands or no FEN tag does; otherwise a player
+    // or an event called Forsyth would hide the FEN tag.
+    const bool forsythTag = firstHolding(tagLines, QLatin1String("[Forsyth ")) != nullptr;
+    const QString* valueLine = marker && (forsythTag || !fenLine)
+                                   ? firstHolding(tagLines, QLatin1String("Forsyth"))
+                                   : nullptr;
+    if (valueLine)
+        forsyth = tagValue(*valueLine);
+    else if (fenLine)
+        // From the tag on, so that a line holding several tags gives this one's value.
+        forsyth = tagValue(QStringView(*fenLine).mid(fenLine->indexOf(fen)));
 }
 
 QStringList headerTagLines(const QString& header) {

@@ -13,10 +13,13 @@ namespace tolvisk {
 // to the end when it holds one; an error when it holds none.
 QString tagValue(QStringView line);
 
-// Looks for a start position among a game's tag lines: the first line holding `SetUp "1"` makes
-// it a set-up game, and then the first line holding "Forsyth" gives the position by the
-// tag-value rule. Both are cleared first; `isForsythGame` is set before the value is taken, so
-// it stands when taking the value fails.
+// Looks for a start position among a game's tag lines. The first line holding `SetUp "1"`
+// makes it a set-up game, and then the first line holding "Forsyth" gives the position by the
+// tag-value rule. Files from elsewhere carry the standard's `[FEN "..."]` tag instead: where no
+// `[Forsyth ` tag stands beside it, the first line holding `[FEN ` gives the value, and without
+// any SetUp marker that line alone makes a set-up game; `SetUp "0"` means none. Both results
+// are cleared first; `isForsythGame` is set before the value is taken, so it stands when taking
+// the value fails (a value line without a double quote).
 void findForsythTag(const QStringList& tagLines, bool& isForsythGame, QString& forsyth);
 
 // The tag lines of a stored header: its non-empty lines; none when it holds no line end.

@@ -7,8 +7,9 @@
 
 namespace tolvisk {
 
-Application::Application(Platform& platform, FormFactory factory)
-    : platform_(platform), factory_(std::move(factory)) {}
+Application::Application(Platform& platform, FormFactory factory, const OutputFactory& output)
+    : platform_(platform), factory_(std::move(factory)), output_(output ? output(*this) : nullptr) {
+}
 
 Application::~Application() {
     // Tear down without any closing sequence: no prompt, no box, no start-up file.

@@ -6,11 +6,13 @@
 
 #include "platform/Platform.h"
 #include "store/Module1.h"
+#include "viewer/GameOutput.h"
 
 #include <QPointer>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace tolvisk {
@@ -20,16 +22,20 @@ class frmMain;
 
 // Makes the window of that name, or gives nullptr for a name it does not know.
 using FormFactory = std::function<QWidget*(const QString& name, Application& app)>;
+// Makes the output routines, which come from a tool-window folder like the windows do.
+using OutputFactory = std::function<std::unique_ptr<GameOutput>(Application& app)>;
 
 class Application {
 public:
-    Application(Platform& platform, FormFactory factory);
+    Application(Platform& platform, FormFactory factory, const OutputFactory& output = {});
     ~Application();
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
     Platform& platform() { return platform_; }
     Module1& module() { return module_; }
+    // Printing, clipboard text and the board picture; nullptr when none was given.
+    GameOutput* output() { return output_.get(); }
 
     // Loads frmMain (running its Form_Load) and returns it; it is not shown.
     frmMain& loadMain();
@@ -55,6 +61,7 @@ private:
     Module1 module_;
     frmMain* main_ = nullptr;
     std::vector<QPointer<QWidget>> forms_;
+    std::unique_ptr<GameOutput> output_; // made last, once the module stands
 };
 
 } // namespace tolvisk

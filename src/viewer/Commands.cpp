@@ -237,6 +237,7 @@ void frmMain::createCommands() {
           &Tavlon::BoardNoticeA, &Tavlon::BoardNoticeB, &Tavlon::BoardNoticeC})
         connect(Tavlon1, signal, this, [this] { run(&frmMain::Tavlon1_Moved); });
     connect(Timer1, &Timer::Tick, this, [this] { run(&frmMain::Timer1_Timer); });
+    connect(Timer2, &Timer::Tick, this, [this] { run(&frmMain::Timer2_Timer); });
 }
 
 void frmMain::Toolbar1_ButtonClick(const QString& key) {

@@ -39,6 +39,9 @@ void frmMain::ShowPlayerNames() {
     // From the selected list entry, not from lstTags: the names of the game in the store.
     const QString entry = lstPGNFiles->List(lstPGNFiles->ListIndex());
     for (const QString& piece : entry.split(QLatin1Char(']'))) {
+        // A piece without a double quote names nobody.
+        if (!piece.contains(u'"'))
+            continue;
         if (piece.contains(QLatin1String("[White ")))
             Tavlon1->setWhitePlayer(tagValue(piece));
         if (piece.contains(QLatin1String("[Black ")))

@@ -87,11 +87,15 @@ void frmMain::step(void (Tavlon::*move)()) {
 }
 
 void frmMain::mnuBoardReverse_Click() {
-    const QString view = Tavlon1->ViewColor();
+    reverseView(*Tavlon1);
+}
+
+void frmMain::reverseView(Tavlon& board) {
+    const QString view = board.ViewColor();
     if (view == QLatin1String("W"))
-        Tavlon1->setViewColor(QStringLiteral("B"));
+        board.setViewColor(QStringLiteral("B"));
     else if (view == QLatin1String("B"))
-        Tavlon1->setViewColor(QStringLiteral("W"));
+        board.setViewColor(QStringLiteral("W"));
 }
 
 void frmMain::Tavlon1_MoveAdded() {

@@ -43,10 +43,14 @@ void frmMain::mnuFileSave_Click() {
 }
 
 void frmMain::mnuFileSaveAs_Click() {
+    saveGameAs(txtMoveList->Text());
+}
+
+void frmMain::saveGameAs(const QString& moveText) {
     try {
         const QString path = platform_.showSave(kPgnFileFilter, QString());
         platform_.setBusy(true);
-        const QString text = headerText(lstTags->items()) + txtMoveList->Text();
+        const QString text = headerText(lstTags->items()) + moveText;
         auto file = platform_.openOutput(path, m_.FileEncoding);
         file->print(text);
         file->close();

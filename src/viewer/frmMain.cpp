@@ -120,16 +120,39 @@ void frmMain::mnuHelpAbout_Click() {
     app_.showForm(QStringLiteral("frmAbout"));
 }
 
-// Printing and the clipboard commands come with the output work; until then they do nothing.
-void frmMain::mnuFilePrint_Click() {}
-void frmMain::mnuEditCopyClipboard_Click() {}
-void frmMain::mnuEditCopyBitmap_Click() {}
+// Printing and the clipboard are the output routines' (GameOutput), which the application
+// holds for this window.
+void frmMain::mnuFilePrint_Click() {
+    if (GameOutput* output = app_.output())
+        output->printGame(*Tavlon1);
+}
+
+void frmMain::mnuEditCopyClipboard_Click() {
+    if (GameOutput* output = app_.output())
+        output->copyGame();
+}
+
+void frmMain::mnuEditCopyBitmap_Click() {
+    if (GameOutput* output = app_.output())
+        output->copyBoard();
+}
+
+void frmMain::Timer2_Timer() {
+    if (GameOutput* output = app_.output())
+        output->CaptureScreen();
+    else
+        Timer2->setEnabled(false);
+}
 
 void frmMain::run(Handler handler) {
+    run([this, handler] { (this->*handler)(); });
+}
+
+void frmMain::run(const std::function<void()>& handler) {
     // An error that no handler took must not end the program: it is reported and the user
     // carries on.
     try {
-        (this->*handler)();
+        handler();
     } catch (const std::exception& e) {
         platform_.setBusy(false);
         platform_.msgBox(describeError(e), MsgButtons::OK, MsgIcon::Critical, QString());
@@ -143,7 +166,7 @@ void frmMain::showFileTitle(const QString& path) {
 QString frmMain::openDialogStartDir() {
     if (!lastOpenDir_.isEmpty())
         return lastOpenDir_;
-    const QString samples = QDir(platform_.exeDir()).filePath(QStringLiteral("samples"));
+    const QString samples = QDir(platform_.sharedDataDir()).filePath(QStringLiteral("samples"));
     // A copy of the program without its samples starts in the user's home instead.
     return QFileInfo(samples).isDir() ? samples : QDir::homePath();
 }

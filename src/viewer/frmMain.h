@@ -13,6 +13,8 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <functional>
+
 namespace tolvisk {
 
 class Application;
@@ -117,6 +119,7 @@ public:
     void mnuFilePrint_Click();
     void mnuEditCopyClipboard_Click();
     void mnuEditCopyBitmap_Click();
+    void Timer2_Timer();
 
     // Layout (frmMainLayout.cpp).
     void Form_Resize();
@@ -139,6 +142,9 @@ public:
     // Saving (Save.cpp).
     void mnuFileSave_Click();
     void mnuFileSaveAs_Click();
+    // Save As with the given move text: the dialog, the tag lines of lstTags, the text; a quiet
+    // end on any error. The variation board saves its line through it too.
+    void saveGameAs(const QString& moveText);
     void mnuFileSaveAll_Click();
     void mnuFileSaveAllAs_Click();
     void PromptSaveGame();
@@ -164,6 +170,8 @@ public:
     void mnuPlayerMoveNext_Click();
     void mnuPlayerMoveLast_Click();
     void mnuBoardReverse_Click();
+    // A board's view turns from White to Black and back; any other value stays.
+    static void reverseView(Tavlon& board);
     void Tavlon1_MoveAdded();
     void Tavlon1_Moved();
 
@@ -187,6 +195,12 @@ public:
     // Runs a handler for an event; an error no handler took is shown in a box, not fatal.
     using Handler = void (frmMain::*)();
     void run(Handler handler);
+    // The same for a handler of another window; slotFor makes the slot that runs it so.
+    void run(const std::function<void()>& handler);
+    template <class Window>
+    std::function<void()> slotFor(Window* window, void (Window::*handler)()) {
+        return [this, window, handler] { run([window, handler] { (window->*handler)(); }); };
+    }
     // The folder the File Open dialog starts in: the bundled samples until another folder has
     // been used.
     QString openDialogStartDir();

@@ -35,6 +35,8 @@ private slots:
     void timerRestartsWhenEnabled();
     void saveDialogAddsTheFilterExtension_data();
     void saveDialogAddsTheFilterExtension();
+    void sharedData_data();
+    void sharedData();
 };
 
 void TestPlatform::encodingRoundTrip_data() {
@@ -301,6 +303,25 @@ void TestPlatform::saveDialogAddsTheFilterExtension() {
                                          "*.txt|All files (*.*) | *.*"),
                           QString());
     QCOMPARE(path, dir.filePath(saved));
+}
+
+void TestPlatform::sharedData_data() {
+    QTest::addColumn<QStringList>("made"); // below a temporary prefix, the program in bin/
+    QTest::addColumn<QString>("found");
+    QTest::newRow("build tree") << QStringList{"bin/samples", "share/tolvisk"} << "bin";
+    QTest::newRow("installed") << QStringList{"bin", "share/tolvisk"} << "share/tolvisk";
+    QTest::newRow("neither") << QStringList{"bin"} << "bin";
+}
+
+void TestPlatform::sharedData() {
+    QFETCH(QStringList, made);
+    QFETCH(QString, found);
+    QTemporaryDir prefix;
+    for (const QString& dir : made)
+        QVERIFY(QDir(prefix.path()).mkpath(dir));
+    QCOMPARE(findSharedDataDir(prefix.filePath(QStringLiteral("bin")),
+                               QStringLiteral("../share/tolvisk")),
+             prefix.filePath(found));
 }
 
 QTEST_MAIN(TestPlatform)

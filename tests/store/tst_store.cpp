@@ -190,7 +190,18 @@ void TestStore::forsythTags_data() {
         << QStringList{"[Forsyth \"x y\"]", "[SetUp \"1\"]"} << true << "x y";
     QTest::newRow("SetUp 0") << QStringList{"[SetUp \"0\"]", "[Forsyth \"x\"]"} << false << "";
     QTest::newRow("no marker") << QStringList{"[Forsyth \"x\"]"} << false << "";
-    QTest::newRow("marker alone") << QStringList{"[SetUp \"1\"]", "[FEN \"x\"]"} << true << "";
+    QTest::newRow("marker alone") << QStringList{"[SetUp \"1\"]"} << true << "";
+    QTest::newRow("marker and FEN")
+        << QStringList{"[SetUp \"1\"]", "[FEN \"x y\"]"} << true << "x y";
+    QTest::newRow("FEN alone") << QStringList{"[Event \"Forsyth\"]", "[FEN \"x\"]"} << true << "x";
+    QTest::newRow("a player called Forsyth")
+        << QStringList{"[Black \"Forsyth\"]", "[FEN \"x\"]", "[SetUp \"1\"]"} << true << "x";
+    QTest::newRow("Forsyth before FEN")
+        << QStringList{"[FEN \"x\"]", "[SetUp \"1\"]", "[Forsyth \"y\"]"} << true << "y";
+    QTest::newRow("FEN, SetUp 0") << QStringList{"[SetUp \"0\"]", "[FEN \"x\"]"} << false << "";
+    QTest::newRow("tags on one line")
+        << QStringList{"[Event \"e\"] [FEN \"x\"] [Site \"s\"]"} << true << "x";
+    QTest::newRow("FEN without quote") << QStringList{"[FEN x]"} << true << "error";
     QTest::newRow("an earlier line with the word wins")
         << QStringList{"[Event \"Forsyth test\"]", "[SetUp \"1\"]", "[Forsyth \"x\"]"} << true
         << "Forsyth test";

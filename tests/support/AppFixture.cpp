@@ -8,7 +8,7 @@
 namespace tolvisk {
 
 std::unique_ptr<Application> makeApplication(Platform& platform) {
-    return std::make_unique<Application>(platform, &createForm);
+    return std::make_unique<Application>(platform, &createForm, &createOutput);
 }
 
 AppFixture::AppFixture() : app(makeApplication(platform)) {

@@ -89,9 +89,11 @@ uint32_t ScriptedPlatform::showColor(uint32_t initial) {
     record({QStringLiteral("showColor"), QString::number(initial)});
     if (colorAnswers.empty())
         unexpected(QStringLiteral("colour dialog"));
-    const uint32_t answer = colorAnswers.front();
+    const std::optional<uint32_t> answer = colorAnswers.front();
     colorAnswers.pop_front();
-    return answer;
+    if (!answer)
+        throw CancelError();
+    return *answer;
 }
 
 void ScriptedPlatform::printText(const QString& text) {
@@ -114,13 +116,9 @@ void ScriptedPlatform::clipboardSetText(const QString& text) {
 
 void ScriptedPlatform::clipboardSetImage(const QImage& image) {
     record({QStringLiteral("clipboardImage")});
+    if (clipboardFails)
+        throw RuntimeError(QStringLiteral("Can't open clipboard"), 521);
     clipboardImage = image;
-}
-
-QImage ScriptedPlatform::grabScreen(QWidget*, int, int, int width, int height) {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    return image;
 }
 
 void ScriptedPlatform::startProgram(const QString& path, const QStringList& arguments) {

@@ -43,6 +43,7 @@ public:
     void queueSave(const QString& path) { saveAnswers.push_back(path); }
     void queueSaveCancel() { saveAnswers.push_back(std::nullopt); }
     void queueColor(uint32_t color) { colorAnswers.push_back(color); }
+    void queueColorCancel() { colorAnswers.push_back(std::nullopt); }
 
     // What happened.
     std::vector<PlatformCall> calls;
@@ -60,6 +61,9 @@ public:
     QSet<QString> unwritable; // paths whose opening for output fails
     QSet<QString> startable;  // programs that start; any other fails
     bool printerFails = false;
+    bool clipboardFails = false; // the clipboard refuses a picture
+    // The data that come with the program: the project's own unless a test moves them.
+    QString sharedDir = QStringLiteral(TOLVISK_DATA_DIR);
 
     QString dir() const { return dir_.path(); }
     QString path(const QString& name) const { return dir_.filePath(name); }
@@ -75,9 +79,9 @@ public:
     void clipboardClear() override;
     void clipboardSetText(const QString& text) override;
     void clipboardSetImage(const QImage& image) override;
-    QImage grabScreen(QWidget* widget, int x, int y, int width, int height) override;
     void startProgram(const QString& path, const QStringList& arguments) override;
     QString exeDir() override { return dir_.path(); }
+    QString sharedDataDir() override { return sharedDir; }
     QString dataDir() override { return dir_.path(); }
     std::unique_ptr<TextFileReader> openInput(const QString& path) override;
     std::unique_ptr<TextFileWriter> openOutput(const QString& path, TextEncoding encoding) override;
@@ -87,7 +91,7 @@ public:
     std::deque<QString> inputAnswers;
     std::deque<std::optional<QString>> openAnswers;
     std::deque<std::optional<QString>> saveAnswers;
-    std::deque<uint32_t> colorAnswers;
+    std::deque<std::optional<uint32_t>> colorAnswers;
     QString lastOpenDir; // where the last open dialog started
     QString lastFilter;
 

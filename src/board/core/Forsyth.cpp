@@ -59,13 +59,12 @@ Position Position::fromForsyth(std::string_view text) {
             if (file > 8)
                 throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
         } else {
-            const PieceType t = typeOfLetter(char(std::toupper(static_cast<unsigned char>(c))));
-            if (t == NoType)
+            const Piece piece = pieceOfLetter(c);
+            if (!piece)
                 throw BoardError(std::string("Unknown piece letter '") + c + "' in Forsyth string");
             if (file > 7)
                 throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
-            pos.put(makeSquare(file, rank),
-                    makePiece(std::isupper(static_cast<unsigned char>(c)) ? White : Black, t));
+            pos.put(makeSquare(file, rank), piece);
             ++file;
         }
     }

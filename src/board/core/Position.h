@@ -56,6 +56,12 @@ constexpr std::array<PieceType, 128> kTypesOfLetters = [] {
 constexpr PieceType typeOfLetter(char upper) {
     return static_cast<unsigned char>(upper) < 128 ? kTypesOfLetters[size_t(upper)] : NoType;
 }
+// The piece of a letter: "PNBRQK" White's, "pnbrqk" Black's; 0 for any other character.
+constexpr Piece pieceOfLetter(char letter) {
+    const bool black = letter >= 'a' && letter <= 'z';
+    const PieceType type = typeOfLetter(black ? char(letter - 'a' + 'A') : letter);
+    return type == NoType ? Piece(0) : makePiece(black ? Black : White, type);
+}
 // A piece's letter: "PNBRQK" for White, "pnbrqk" for Black.
 constexpr char pieceLetter(Piece p) {
     const char upper = kPieceLetters[typeOf(p)];
