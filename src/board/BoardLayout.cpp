@@ -1,10 +1,10 @@
 #include "BoardLayout.h"
 
-#include "Tavlon.h"
-
 #include <QtMath>
 
 #include <algorithm>
+
+namespace tavlon {
 
 namespace {
 
@@ -43,27 +43,26 @@ int BoardLayout::rowAt(qreal y) const {
 }
 
 QSize boardDesignSize(qreal dpi) {
-    return QSize(qRound(Tavlon::kDesignWidthTwips * dpi / kTwipsPerInch),
-                 qRound(Tavlon::kDesignHeightTwips * dpi / kTwipsPerInch));
+    return QSize(qRound(kDesignWidthTwips * dpi / kTwipsPerInch),
+                 qRound(kDesignHeightTwips * dpi / kTwipsPerInch));
 }
 
 BoardLayout makeBoardLayout(QSize widgetSize, qreal dpi) {
     BoardLayout layout;
     layout.widgetSize = widgetSize;
     layout.dpi = dpi;
-    const qreal designWidth = Tavlon::kDesignWidthTwips * dpi / kTwipsPerInch;
-    const qreal designHeight = Tavlon::kDesignHeightTwips * dpi / kTwipsPerInch;
+    const qreal designWidth = kDesignWidthTwips * dpi / kTwipsPerInch;
+    const qreal designHeight = kDesignHeightTwips * dpi / kTwipsPerInch;
     // Scale the whole design evenly, so squares stay square, and centre what is left over.
     const qreal fit = std::max<qreal>(
         0.0, std::min(widgetSize.width() / designWidth, widgetSize.height() / designHeight));
     const qreal scale = fit * dpi / kTwipsPerInch;
-    layout.pixelsPerTwip = scale;
     const QPointF origin((widgetSize.width() - designWidth * fit) / 2.0,
                          (widgetSize.height() - designHeight * fit) / 2.0);
 
-    const qreal left = Tavlon::kSquaresLeftTwips;
-    const qreal top = Tavlon::kSquaresTopTwips;
-    const qreal side = Tavlon::kSquaresSizeTwips;
+    const qreal left = kSquaresLeftTwips;
+    const qreal top = kSquaresTopTwips;
+    const qreal side = kSquaresSizeTwips;
     layout.squares = scaled(origin, scale, left, top, side, side);
     for (int i = 0; i <= 8; ++i) {
         layout.columnEdges[i] = qRound(layout.squares.left() + i * layout.squares.width() / 8.0);
@@ -78,3 +77,5 @@ BoardLayout makeBoardLayout(QSize widgetSize, qreal dpi) {
     layout.namePixelSize = kNameFontTwips * scale;
     return layout;
 }
+
+} // namespace tavlon

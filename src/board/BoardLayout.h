@@ -12,11 +12,19 @@
 
 #include <array>
 
+namespace tavlon {
+
+// The design size of the control in twips, and where its 64 squares stand in it.
+constexpr int kDesignWidthTwips = 4455;
+constexpr int kDesignHeightTwips = 5235;
+constexpr int kSquaresLeftTwips = 330;
+constexpr int kSquaresTopTwips = 420;
+constexpr int kSquaresSizeTwips = 4035;
+
 struct BoardLayout {
     QSize widgetSize;
     qreal dpi = 0;
-    qreal pixelsPerTwip = 0; // after scaling to the widget
-    QRectF squares;          // the 64 squares
+    QRectF squares; // the 64 squares
     // Pixel edges of the eight columns (left to right) and rows (top to bottom); whole pixels,
     // so neighbouring squares share an edge and together fill `squares` to the pixel.
     std::array<int, 9> columnEdges{};
@@ -38,3 +46,5 @@ struct BoardLayout {
 // The design size in pixels at `dpi` (pixels per inch; 1440 twips make an inch).
 QSize boardDesignSize(qreal dpi);
 BoardLayout makeBoardLayout(QSize widgetSize, qreal dpi);
+
+} // namespace tavlon

@@ -6,13 +6,13 @@
 #include <QtMath>
 
 #include <algorithm>
-#include <cstring>
+
+namespace tavlon {
 
 namespace {
 
-constexpr char kPieceLetters[] = "KQRBNP";
-constexpr char32_t kFirstGlyph =
-    0x265A;                            // black chess king; queen, rook, bishop, knight, pawn follow
+// Black chess king; queen, rook, bishop, knight and pawn follow it.
+constexpr char32_t kFirstGlyph = 0x265A;
 constexpr qreal kGlyphPixelSize = 100; // the size the outlines are taken at
 
 // How much of a square a piece takes, and where its foot stands (fractions of the square).
@@ -23,14 +23,10 @@ constexpr qreal kEdgeWidth = 0.035;
 constexpr QRgb kDark = qRgb(0x1c, 0x1c, 0x1c);
 constexpr QRgb kLight = qRgb(0xf2, 0xf2, 0xf2);
 
-// 0 to 5 the white pieces, 6 to 11 the black ones, -1 for anything else.
-int pieceIndex(char piece) {
-    const bool black = piece >= 'a' && piece <= 'z';
-    const char upper = black ? char(piece - 'a' + 'A') : piece;
-    const char* at = upper ? std::strchr(kPieceLetters, upper) : nullptr;
-    if (!at)
-        return -1;
-    return int(at - kPieceLetters) + (black ? 6 : 0);
+// The glyph of each piece type, counted from the king's.
+char32_t glyphOf(PieceType type) {
+    constexpr int offsets[] = {0, 5, 4, 3, 2, 1, 0};
+    return kFirstGlyph + offsets[type];
 }
 
 } // namespace
@@ -39,9 +35,9 @@ void PiecePainter::makeShapes() {
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(int(kGlyphPixelSize));
     font.setStyleStrategy(QFont::PreferOutline);
-    for (int kind = 0; kind < 6; ++kind) {
-        Shape& shape = shapes_[kind];
-        const char32_t code = kFirstGlyph + kind;
+    for (int type = Pawn; type <= King; ++type) {
+        Shape& shape = shapes_[type];
+        const char32_t code = glyphOf(PieceType(type));
         shape.glyph.addText(0, 0, font, QString::fromUcs4(&code, 1));
         shape.glyph.setFillRule(Qt::OddEvenFill);
         // The contours inside no other contour make the silhouette; the rest are inner lines.
@@ -69,7 +65,7 @@ QPixmap PiecePainter::render(const Shape& shape, bool white) const {
 
     // All glyphs share one scale, taken from the king, so the pieces keep their sizes to each
     // other.
-    const qreal scale = kPieceHeight * squareSize_ / shapes_[0].bounds.height();
+    const qreal scale = kPieceHeight * squareSize_ / shapes_[King].bounds.height();
     const qreal middle = side / 2.0;
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -99,23 +95,22 @@ void PiecePainter::prepare(qreal squareSize, qreal devicePixelRatio) {
     squareSize_ = squareSize;
     devicePixelRatio_ = devicePixelRatio;
     if (squareSize < 1) {
-        pixmaps_.fill(QPixmap());
+        pixmaps_ = {};
         return;
     }
     if (!shapesMade_)
         makeShapes();
-    for (int kind = 0; kind < 6; ++kind) {
-        pixmaps_[kind] = render(shapes_[kind], true);
-        pixmaps_[6 + kind] = render(shapes_[kind], false);
+    for (int type = Pawn; type <= King; ++type) {
+        pixmaps_[White][type] = render(shapes_[type], true);
+        pixmaps_[Black][type] = render(shapes_[type], false);
     }
 }
 
-const QPixmap& PiecePainter::pixmap(char piece) const {
-    const int index = pieceIndex(piece);
-    return index < 0 ? none_ : pixmaps_[index];
+const QPixmap& PiecePainter::pixmap(Piece piece) const {
+    return piece ? pixmaps_[colorOf(piece)][typeOf(piece)] : none_;
 }
 
-void PiecePainter::draw(QPainter& painter, QPointF centre, char piece) const {
+void PiecePainter::draw(QPainter& painter, QPointF centre, Piece piece) const {
     const QPixmap& image = pixmap(piece);
     if (image.isNull())
         return;
@@ -124,3 +119,5 @@ void PiecePainter::draw(QPainter& painter, QPointF centre, char piece) const {
         QPointF(qRound(centre.x() - size.width() / 2), qRound(centre.y() - size.height() / 2)),
         image);
 }
+
+} // namespace tavlon

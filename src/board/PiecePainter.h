@@ -6,6 +6,8 @@
 // with the lines in light. Each piece is rendered once per square size into a pixmap, so that
 // painting the board only copies pixmaps.
 
+#include "core/Position.h"
+
 #include <QPainterPath>
 #include <QPixmap>
 #include <QPointF>
@@ -14,16 +16,17 @@
 
 class QPainter;
 
+namespace tavlon {
+
 class PiecePainter {
 public:
     // Renders the pixmaps for squares of `squareSize` logical pixels; returns at once when they
     // were made for that size already.
     void prepare(qreal squareSize, qreal devicePixelRatio);
-    // Draws a piece ("KQRBNP" white, "kqrbnp" black) of the prepared size centred on `centre`;
-    // anything else draws nothing.
-    void draw(QPainter& painter, QPointF centre, char piece) const;
-    // The prepared pixmap of a piece, or a null pixmap.
-    const QPixmap& pixmap(char piece) const;
+    // Draws a piece of the prepared size centred on `centre`; an empty square draws nothing.
+    void draw(QPainter& painter, QPointF centre, Piece piece) const;
+    // The prepared picture of a piece; a null pixmap for an empty square.
+    const QPixmap& pixmap(Piece piece) const;
 
 private:
     struct Shape {
@@ -31,9 +34,9 @@ private:
         QPainterPath silhouette; // its outer contours only, the lines filled in
         QRectF bounds;
     };
-    std::array<Shape, 6> shapes_; // king, queen, rook, bishop, knight, pawn
+    std::array<Shape, 7> shapes_; // by piece type
     bool shapesMade_ = false;
-    std::array<QPixmap, 12> pixmaps_; // the white set, then the black set, in the order above
+    std::array<std::array<QPixmap, 7>, 2> pixmaps_; // by colour and piece type
     QPixmap none_;
     qreal squareSize_ = 0;
     qreal devicePixelRatio_ = 0;
@@ -41,3 +44,5 @@ private:
     void makeShapes();
     QPixmap render(const Shape& shape, bool white) const;
 };
+
+} // namespace tavlon

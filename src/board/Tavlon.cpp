@@ -132,22 +132,32 @@ int16_t Tavlon::GameLength() const {
     return tolvisk::toInt16(game_.gameLength());
 }
 int16_t Tavlon::FiftyMoveCount() const {
-    return tolvisk::toInt16(game_.fiftyMoveCount());
+    return tolvisk::toInt16(game_.position().halfmoveClock() / 2);
 }
 int16_t Tavlon::MoveNumber() const {
-    return tolvisk::toInt16(game_.moveNumber());
+    return tolvisk::toInt16(game_.position().fullmoveNumber());
 }
 int16_t Tavlon::ListMoveNumber() const {
     return tolvisk::toInt16(game_.listMoveNumber());
 }
 QString Tavlon::EPSquare() const {
-    return fromCore(game_.epSquare());
+    const int square = game_.position().epSquare();
+    if (square < 0)
+        return QStringLiteral("-");
+    return QString(QChar('a' + tavlon::fileOf(square))) + QChar('1' + tavlon::rankOf(square));
 }
 QString Tavlon::OnMove() const {
-    return fromCore(game_.onMove());
+    return whiteToMove() ? QStringLiteral("White") : QStringLiteral("Black");
 }
+// The letters of the castling field of the Forsyth string, "-" when none applies.
 QString Tavlon::CastleRights() const {
-    return fromCore(game_.castleRights());
+    QString rights;
+    const tavlon::Position& position = game_.position();
+    for (tavlon::Color c : {tavlon::White, tavlon::Black})
+        for (int side = 0; side < 2; ++side)
+            if (const int file = position.castleRookFile(c, side); file >= 0)
+                rights += QChar(tavlon::castleLetter(c, side, file));
+    return rights.isEmpty() ? QStringLiteral("-") : rights;
 }
 QString Tavlon::LastMoveText() const {
     return fromCore(game_.lastMoveText());
@@ -213,10 +223,10 @@ void Tavlon::setDarkSquareColor(int32_t color) {
 
 // Geometry
 
-const BoardLayout& Tavlon::layout() const {
+const tavlon::BoardLayout& Tavlon::layout() const {
     const qreal dpi = logicalDpiX();
     if (layout_.widgetSize != size() || layout_.dpi != dpi) {
-        layout_ = makeBoardLayout(size(), dpi);
+        layout_ = tavlon::makeBoardLayout(size(), dpi);
         paintCacheValid_ = false;
     }
     return layout_;
@@ -227,7 +237,7 @@ QRectF Tavlon::squaresRect() const {
 }
 
 QSize Tavlon::sizeHint() const {
-    return boardDesignSize(logicalDpiX());
+    return tavlon::boardDesignSize(logicalDpiX());
 }
 
 QSize Tavlon::minimumSizeHint() const {
@@ -246,7 +256,7 @@ QRect Tavlon::squareCell(int square) const {
 }
 
 int Tavlon::squareAt(QPointF point) const {
-    const BoardLayout& at = layout();
+    const tavlon::BoardLayout& at = layout();
     const int column = at.columnAt(point.x());
     const int row = at.rowAt(point.y());
     if (column < 0 || row < 0)
@@ -271,7 +281,7 @@ void Tavlon::changeEvent(QEvent* event) {
 // Painting
 
 void Tavlon::preparePaint() {
-    const BoardLayout& at = layout();
+    const tavlon::BoardLayout& at = layout();
     pieces_.prepare(at.squareSize(), devicePixelRatioF());
     if (paintCacheValid_)
         return;
@@ -297,7 +307,7 @@ void Tavlon::preparePaint() {
 
 void Tavlon::paintEvent(QPaintEvent*) {
     preparePaint();
-    const BoardLayout& at = layout();
+    const tavlon::BoardLayout& at = layout();
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Window));
     if (at.squares.width() < 8)
@@ -308,7 +318,7 @@ void Tavlon::paintEvent(QPaintEvent*) {
     paintPieces(painter, at);
 }
 
-void Tavlon::paintSquares(QPainter& painter, const BoardLayout& at) {
+void Tavlon::paintSquares(QPainter& painter, const tavlon::BoardLayout& at) {
     const QRect all(QPoint(at.columnEdges[0], at.rowEdges[0]),
                     QPoint(at.columnEdges[8] - 1, at.rowEdges[8] - 1));
     // A hairline frame just outside the squares, so light squares do not run into the window.
@@ -329,7 +339,7 @@ void Tavlon::paintSquares(QPainter& painter, const BoardLayout& at) {
         painter.fillRect(squareCell(pickedSquare_), QColor::fromRgba(kPickedTint));
 }
 
-void Tavlon::paintLabels(QPainter& painter, const BoardLayout& at) {
+void Tavlon::paintLabels(QPainter& painter, const tavlon::BoardLayout& at) {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.setFont(labelFont_);
     const bool white = whiteAtBottom();
@@ -349,7 +359,7 @@ void Tavlon::paintLabels(QPainter& painter, const BoardLayout& at) {
     }
 }
 
-void Tavlon::paintNames(QPainter& painter, const BoardLayout& at) {
+void Tavlon::paintNames(QPainter& painter, const tavlon::BoardLayout& at) {
     // Each name has a disc of its side's colour before it; the disc of the side to move wears a
     // green ring.
     const bool whiteMoves = whiteToMove();
@@ -380,10 +390,10 @@ void Tavlon::paintNames(QPainter& painter, const BoardLayout& at) {
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void Tavlon::paintPieces(QPainter& painter, const BoardLayout& at) {
+void Tavlon::paintPieces(QPainter& painter, const tavlon::BoardLayout& at) {
     for (int square = 0; square < 64; ++square) {
-        const char piece = game_.pieceAt(square);
-        if (piece == ' ')
+        const tavlon::Piece piece = game_.position().at(square);
+        if (!piece)
             continue;
         const bool faded = dragging_ && square == pickedSquare_;
         if (faded)
@@ -399,7 +409,7 @@ void Tavlon::paintPieces(QPainter& painter, const BoardLayout& at) {
         const QColor hint = QColor::fromRgba(kHintColour);
         for (int target : targets_) {
             const QPointF centre = QRectF(squareCell(target)).center();
-            if (game_.pieceAt(target) == ' ') {
+            if (!game_.position().at(target)) {
                 painter.setPen(Qt::NoPen);
                 painter.setBrush(hint);
                 painter.drawEllipse(centre, 0.16 * size, 0.16 * size);
@@ -413,20 +423,18 @@ void Tavlon::paintPieces(QPainter& painter, const BoardLayout& at) {
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
     if (dragging_ && pickedSquare_ >= 0)
-        pieces_.draw(painter, dragPoint_, game_.pieceAt(pickedSquare_));
+        pieces_.draw(painter, dragPoint_, game_.position().at(pickedSquare_));
 }
 
 // Mouse and keyboard
 
 bool Tavlon::whiteToMove() const {
-    return game_.onMove() == "White";
+    return game_.position().sideToMove() == tavlon::White;
 }
 
 bool Tavlon::isOwnPiece(int square) const {
-    const char piece = game_.pieceAt(square);
-    if (piece == ' ')
-        return false;
-    return (piece >= 'A' && piece <= 'Z') == whiteToMove();
+    const tavlon::Piece piece = game_.position().at(square);
+    return piece && tavlon::colorOf(piece) == game_.position().sideToMove();
 }
 
 void Tavlon::pick(int square) {
@@ -448,18 +456,18 @@ void Tavlon::positionShown() {
     dropPick();
 }
 
-char Tavlon::promotionLetter() const {
+tavlon::PieceType Tavlon::promotionType() const {
     if (promotionPiece_ == QLatin1String("R"))
-        return 'R';
+        return tavlon::Rook;
     if (promotionPiece_ == QLatin1String("B"))
-        return 'B';
+        return tavlon::Bishop;
     if (promotionPiece_ == QLatin1String("K")) // the settings call the knight "K"
-        return 'N';
-    return 'Q';
+        return tavlon::Knight;
+    return tavlon::Queen;
 }
 
 void Tavlon::playUserMove(int from, int to) {
-    switch (game_.playMove(from, to, promotionLetter())) {
+    switch (game_.playMove(from, to, promotionType())) {
     case BoardGame::PlayOutcome::Illegal:
         update();
         break;

@@ -71,12 +71,9 @@ public:
     int32_t DarkSquareColor() const { return darkSquareColor_; }
     void setDarkSquareColor(int32_t color);
 
-    // The design size in twips and where its 64 squares stand in it.
-    static constexpr int kDesignWidthTwips = 4455;
-    static constexpr int kDesignHeightTwips = 5235;
-    static constexpr int kSquaresLeftTwips = 330;
-    static constexpr int kSquaresTopTwips = 420;
-    static constexpr int kSquaresSizeTwips = 4035;
+    // The design size in twips, as the windows lay the control out.
+    static constexpr int kDesignWidthTwips = tavlon::kDesignWidthTwips;
+    static constexpr int kDesignHeightTwips = tavlon::kDesignHeightTwips;
     // The squares' rectangle in widget pixels at the present size.
     QRectF squaresRect() const;
 
@@ -129,8 +126,8 @@ private:
     int wheelRemainder_ = 0; // wheel turn not yet a whole step
 
     // Layout and drawing caches, rebuilt when the size, the screen, the font or the names change.
-    mutable BoardLayout layout_;
-    PiecePainter pieces_;
+    mutable tavlon::BoardLayout layout_;
+    tavlon::PiecePainter pieces_;
     mutable bool paintCacheValid_ = false;
     QFont labelFont_;
     QFont nameFont_;
@@ -139,7 +136,7 @@ private:
     QString topNameShown_;
     QString bottomNameShown_;
 
-    const BoardLayout& layout() const;
+    const tavlon::BoardLayout& layout() const;
     void preparePaint();
     bool whiteAtBottom() const;
     QRect squareCell(int square) const;
@@ -149,11 +146,11 @@ private:
     void dropPick();
     void positionShown();
     void userStep(int targetPly, void (Tavlon::*notice)());
-    char promotionLetter() const;
-    void paintSquares(QPainter& painter, const BoardLayout& layout);
-    void paintLabels(QPainter& painter, const BoardLayout& layout);
-    void paintPieces(QPainter& painter, const BoardLayout& layout);
-    void paintNames(QPainter& painter, const BoardLayout& layout);
+    tavlon::PieceType promotionType() const;
+    void paintSquares(QPainter& painter, const tavlon::BoardLayout& layout);
+    void paintLabels(QPainter& painter, const tavlon::BoardLayout& layout);
+    void paintPieces(QPainter& painter, const tavlon::BoardLayout& layout);
+    void paintNames(QPainter& painter, const tavlon::BoardLayout& layout);
 
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;

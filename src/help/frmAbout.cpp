@@ -40,9 +40,9 @@ QLabel* label(QWidget* parent, const char* name, int left, int top, int width, i
 
 // A chess piece drawn as the board draws it, as the window's small pictures.
 QPixmap piecePicture(char piece, int size, qreal ratio) {
-    PiecePainter painter;
+    tavlon::PiecePainter painter;
     painter.prepare(size, ratio);
-    return painter.pixmap(piece);
+    return painter.pixmap(tavlon::pieceOfLetter(piece));
 }
 
 } // namespace

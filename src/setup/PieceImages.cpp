@@ -39,14 +39,14 @@ QPixmap eraserImage(int size, qreal devicePixelRatio) {
 } // namespace
 
 std::array<QPixmap, 13> drawPieceImages(int size, qreal devicePixelRatio) {
-    PiecePainter pieces;
+    tavlon::PiecePainter pieces;
     pieces.prepare(size, devicePixelRatio);
     std::array<QPixmap, 13> images;
     const char codes[] = "KQRBNPkqrbnp";
     for (int i = 0; i < 12; ++i) {
         images[size_t(i)] = blankImage(size, devicePixelRatio);
         QPainter painter(&images[size_t(i)]);
-        pieces.draw(painter, QPointF(size / 2.0, size / 2.0), codes[i]);
+        pieces.draw(painter, QPointF(size / 2.0, size / 2.0), tavlon::pieceOfLetter(codes[i]));
     }
     images[12] = eraserImage(size, devicePixelRatio);
     return images;

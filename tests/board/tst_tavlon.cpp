@@ -43,6 +43,10 @@ int squareIndex(const QString& name) {
     return (name.at(0).unicode() - 'a') + 8 * (name.at(1).unicode() - '1');
 }
 
+tavlon::Piece pieceOn(const Tavlon& board, const QString& name) {
+    return board.boardGame().position().at(squareIndex(name));
+}
+
 // The centre of a square, worked out from the squares' rectangle and the side at the bottom.
 QPoint centreOf(const Tavlon& board, const QString& name) {
     const QRectF squares = board.squaresRect();
@@ -258,6 +262,41 @@ private slots:
         QCOMPARE(board->GameLength(), 3); // the game on the board survives
     }
 
+    void labelProperties_data() {
+        QTest::addColumn<QString>("forsyth");
+        QTest::addColumn<int>("ply");
+        QTest::addColumn<QStringList>(
+            "labels"); // fifty, move, list move, ep, on move, castle, move
+        const QString castles = QStringLiteral("r3k2r/8/8/8/8/8/4P3/R3K2R b KQkq - 99 30");
+        QTest::newRow("start") << castles << 0
+                               << QStringList{"49", "30", "0", "-", "Black", "KQkq", ""};
+        QTest::newRow("castled") << castles << 1
+                                 << QStringList{"50", "31", "30", "-", "White", "KQ", "O-O"};
+        QTest::newRow("double step")
+            << castles << 2 << QStringList{"0", "31", "31", "e3", "Black", "KQ", "e4"};
+        QTest::newRow("after Black's move")
+            << castles << 3 << QStringList{"0", "32", "31", "-", "White", "KQ", "Rf7"};
+        QTest::newRow("Chess960 rights") << "4k3/8/8/8/8/8/8/1R2K1R1 w BG - 0 1" << 0
+                                         << QStringList{"0", "1", "0", "-", "White", "GB", ""};
+    }
+    void labelProperties() {
+        QFETCH(QString, forsyth);
+        QFETCH(int, ply);
+        QFETCH(QStringList, labels);
+        board->LoadMovesFrom(forsyth, forsyth.endsWith(QLatin1String("30"))
+                                          ? QStringLiteral("30... O-O 31. e4 Rf7 *")
+                                          : QString());
+        board->GotoPly(int16_t(ply));
+        const QStringList shown{QString::number(board->FiftyMoveCount()),
+                                QString::number(board->MoveNumber()),
+                                QString::number(board->ListMoveNumber()),
+                                board->EPSquare(),
+                                board->OnMove(),
+                                board->CastleRights(),
+                                board->LastMoveText()};
+        QCOMPARE(shown, labels);
+    }
+
     void currentForsythFollowsRefresh() {
         QCOMPARE(board->CurrentForsyth().split(QLatin1Char(' ')).value(1), QStringLiteral("w"));
         board->LoadMoves(kGame);
@@ -322,7 +361,7 @@ private slots:
         board->LoadMoves(kGame);
         board->GotoPly(int16_t(startPly));
         board->setViewColor(view);
-        const char moved = board->boardGame().pieceAt(squareIndex(from));
+        const tavlon::Piece moved = pieceOn(*board, from);
         EventSpies spies(*board);
         if (byClicks)
             clickClick(*board, from, to);
@@ -334,15 +373,8 @@ private slots:
         QCOMPARE(board->GameChanged(), changed);
         QCOMPARE(board->selectedSquare(), -1);
         const bool played = !event.isEmpty();
-        QCOMPARE(board->boardGame().pieceAt(squareIndex(to)) == moved, played);
-        QCOMPARE(board->boardGame().pieceAt(squareIndex(from)) == moved, !played);
-    }
-
-    void newLineKeepsTheOldOneAsVariation() {
-        board->LoadMoves(kGame);
-        drag(*board, QStringLiteral("d2"), QStringLiteral("d4"));
-        QVERIFY(board->MovesAnnotated().contains(QStringLiteral("e4")));
-        QVERIFY(board->MovesAnnotated().contains(QStringLiteral("d4")));
+        QCOMPARE(pieceOn(*board, to) == moved, played);
+        QCOMPARE(pieceOn(*board, from) == moved, !played);
     }
 
     void promotion_data() {
@@ -390,8 +422,63 @@ private slots:
         EventSpies spies(*board);
         drag(*board, from, to);
         QCOMPARE(spies.raised(), QStringLiteral("MoveAdded"));
-        QCOMPARE(board->boardGame().pieceAt(squareIndex(to)), piece);
+        QCOMPARE(tavlon::pieceLetter(pieceOn(*board, to)), piece);
         QVERIFY(board->GameChanged());
+    }
+
+    void castlingByMouse_data() {
+        QTest::addColumn<QString>("forsyth");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QString>("move");
+        QTest::addColumn<QString>("placement");
+        const QString normal = QStringLiteral("4k3/8/8/8/8/8/8/R3K2R w KQ - 0 1");
+        const QString chess960 = QStringLiteral("4k3/8/8/8/8/8/8/5K1R w H - 0 1");
+        QTest::newRow("two squares") << normal << "e1"
+                                     << "g1"
+                                     << "O-O"
+                                     << "4k3/8/8/8/8/8/8/R4RK1";
+        QTest::newRow("onto its own rook") << normal << "e1"
+                                           << "a1"
+                                           << "O-O-O"
+                                           << "4k3/8/8/8/8/8/8/2KR3R";
+        QTest::newRow("960, onto its own rook") << chess960 << "f1"
+                                                << "h1"
+                                                << "O-O"
+                                                << "4k3/8/8/8/8/8/8/5RK1";
+        QTest::newRow("960, the target square is a king step") << chess960 << "f1"
+                                                               << "g1"
+                                                               << "Kg1"
+                                                               << "4k3/8/8/8/8/8/8/6KR";
+    }
+    void castlingByMouse() {
+        QFETCH(QString, forsyth);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QString, move);
+        QFETCH(QString, placement);
+        for (bool byClicks : {false, true}) {
+            board->SetPosition(forsyth);
+            if (byClicks)
+                clickClick(*board, from, to);
+            else
+                drag(*board, from, to);
+            QCOMPARE(board->LastMoveText(), move);
+            board->RefreshForsyth(1);
+            QCOMPARE(board->CurrentForsyth().section(u' ', 0, 0), placement);
+        }
+    }
+
+    void crowdedPosition() {
+        // More legal moves than any game reaches.
+        board->LoadMovesFrom(
+            QStringLiteral("1QQQQQQK/Q5Q1/Q6Q/Q6Q/Q3Q3/Q5QQ/Q4Qnn/QQQQ1Qnk w - - 0 1"),
+            QStringLiteral("1. Qe4e3 *"));
+        board->MoveNext();
+        EventSpies spies(*board);
+        clickClick(*board, QStringLiteral("g2"), QStringLiteral("e3"));
+        QCOMPARE(spies.raised(), QStringLiteral("MoveAdded"));
+        QCOMPARE(board->LastMoveText(), QStringLiteral("Nxe3"));
     }
 
     void clickSelection_data() {
@@ -500,17 +587,17 @@ private slots:
         QFETCH(double, heightFactor);
         const qreal dpi = board->logicalDpiX();
         auto px = [dpi](int twips) { return twips * dpi / 1440.0; };
-        const QSize design(qRound(px(Tavlon::kDesignWidthTwips)),
-                           qRound(px(Tavlon::kDesignHeightTwips)));
+        const QSize design(qRound(px(tavlon::kDesignWidthTwips)),
+                           qRound(px(tavlon::kDesignHeightTwips)));
         QCOMPARE(board->sizeHint(), design);
         board->resize(qRound(design.width() * widthFactor), qRound(design.height() * heightFactor));
         const qreal scale = std::min(widthFactor, heightFactor);
         const QRectF squares = board->squaresRect();
         const qreal left = (board->width() - design.width() * scale) / 2;
         const qreal top = (board->height() - design.height() * scale) / 2;
-        QVERIFY(std::abs(squares.left() - (left + px(Tavlon::kSquaresLeftTwips) * scale)) <= 1);
-        QVERIFY(std::abs(squares.top() - (top + px(Tavlon::kSquaresTopTwips) * scale)) <= 1);
-        QVERIFY(std::abs(squares.width() - px(Tavlon::kSquaresSizeTwips) * scale) <= 1);
+        QVERIFY(std::abs(squares.left() - (left + px(tavlon::kSquaresLeftTwips) * scale)) <= 1);
+        QVERIFY(std::abs(squares.top() - (top + px(tavlon::kSquaresTopTwips) * scale)) <= 1);
+        QVERIFY(std::abs(squares.width() - px(tavlon::kSquaresSizeTwips) * scale) <= 1);
         QCOMPARE(squares.width(), squares.height());
         if (widthFactor == 1.0 && heightFactor == 1.0 && dpi == 96)
             QCOMPARE(squares, QRectF(22, 28, 269, 269));

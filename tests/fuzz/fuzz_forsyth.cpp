@@ -25,9 +25,23 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         pos.legalMoves(moves);
         if (moves.size == 0)
             break;
+        // The moves to each square, as SAN reading finds them, are the legal moves but castling.
+        int reaching = 0, castles = 0;
+        for (int to = 0; to < 64; ++to) {
+            tavlon::MoveList list;
+            pos.legalMovesTo(list, tavlon::NoType, to);
+            reaching += list.size;
+        }
+        for (tavlon::Move m : moves)
+            castles += m.isCastle();
+        if (reaching + castles != moves.size)
+            std::abort();
         const tavlon::Move m = moves.moves[size_t(ply * 7) % size_t(moves.size)];
+        // The move's SAN reads back as the move, on the quick path and the lenient one alike.
         const std::string san = tavlon::writeSan(pos, m);
-        if (!(tavlon::readSan(pos, san).move == m))
+        tavlon::SanResult quick;
+        if (!tavlon::readSanStrict(pos, san, quick) || !(quick.move == m) ||
+            !(tavlon::readSanLenient(pos, san).move == m))
             std::abort();
         pos.play(m);
     }

@@ -16,9 +16,9 @@ void BoardGame::rebuild() {
     positions_.reserve(game_.main.moves.size() + 1);
     sans_.reserve(game_.main.moves.size());
     for (const Node& node : game_.main.moves) {
-        sans_.push_back(writeSan(positions_.back(), node.move));
         positions_.push_back(positions_.back());
         positions_.back().play(node.move);
+        sans_.push_back(writeSan(positions_.end()[-2], node.move, &positions_.back()));
     }
     ply_ = std::clamp(ply_, 0, gameLength());
 }
@@ -65,47 +65,12 @@ int BoardGame::gameLength() const {
     return int(game_.main.moves.size());
 }
 
-int BoardGame::fiftyMoveCount() const {
-    return positions_[size_t(ply_)].halfmoveClock() / 2;
-}
-int BoardGame::moveNumber() const {
-    return positions_[size_t(ply_)].fullmoveNumber();
-}
 int BoardGame::listMoveNumber() const {
     return ply_ == 0 ? 0 : positions_[size_t(ply_ - 1)].fullmoveNumber();
 }
 
-std::string BoardGame::epSquare() const {
-    const int ep = positions_[size_t(ply_)].epSquare();
-    if (ep < 0)
-        return "-";
-    return std::string{char('a' + fileOf(ep)), char('1' + rankOf(ep))};
-}
-
-std::string BoardGame::onMove() const {
-    return positions_[size_t(ply_)].sideToMove() == White ? "White" : "Black";
-}
-
-std::string BoardGame::castleRights() const {
-    const std::string f = positions_[size_t(ply_)].forsyth();
-    // The third field of the Forsyth string.
-    size_t a = f.find(' ');
-    a = f.find(' ', a + 1);
-    const size_t b = f.find(' ', a + 1);
-    return f.substr(a + 1, b - a - 1);
-}
-
 std::string BoardGame::lastMoveText() const {
     return ply_ == 0 ? std::string() : sans_[size_t(ply_ - 1)];
-}
-
-char BoardGame::pieceAt(int square) const {
-    static const char letters[] = " PNBRQK";
-    const Piece p = positions_[size_t(ply_)].at(square);
-    if (!p)
-        return ' ';
-    const char c = letters[typeOf(p)];
-    return colorOf(p) == White ? c : char(c + ('a' - 'A'));
 }
 
 std::optional<std::pair<int, int>> BoardGame::lastMove() const {
@@ -134,13 +99,16 @@ void BoardGame::setAnnotation(std::string_view text) {
 }
 
 std::string BoardGame::movesAsList() const {
-    return writeList(game_);
+    const KnownLine known{positions_, sans_};
+    return writeList(game_, &known);
 }
 std::string BoardGame::movesAsParagraph() const {
-    return writeParagraph(game_);
+    const KnownLine known{positions_, sans_};
+    return writeParagraph(game_, &known);
 }
 std::string BoardGame::movesAnnotated() const {
-    return writeAnnotated(game_);
+    const KnownLine known{positions_, sans_};
+    return writeAnnotated(game_, &known);
 }
 
 std::string BoardGame::result() const {
@@ -159,13 +127,34 @@ void BoardGame::setChanged(bool changed) {
 
 namespace {
 
-// The square a move is made to with the mouse: castling is the king's two-square step (or onto
-// its own rook where the king would not move).
-int uiTarget(Move m) {
+// Whether a move is made by putting its piece down on `to`. A castle is made by putting the king
+// on its own rook or on the square where castling puts it; where that square is also a plain
+// king step, the plain step takes it (see `chooseMove`).
+bool madeOn(Move m, int to) {
     if (!m.isCastle())
-        return m.to;
-    const int target = Position::castleKingTarget(m);
-    return target == m.from ? m.to : target;
+        return m.to == to;
+    return m.to == to || Position::castleKingTarget(m) == to;
+}
+
+// How deep variations nest inside a line.
+size_t nesting(const Line& line) {
+    size_t deepest = 0;
+    for (const Node& node : line.moves)
+        for (const Line& v : node.variations)
+            deepest = std::max(deepest, 1 + nesting(v));
+    return deepest;
+}
+
+std::optional<Move> chooseMove(const MoveList& moves, int from, int to, PieceType promotion) {
+    std::optional<Move> castle;
+    for (Move m : moves) {
+        if (m.from != from || !madeOn(m, to) || (m.promotion && m.promotion != promotion))
+            continue;
+        if (!m.isCastle())
+            return m;
+        castle = m;
+    }
+    return castle;
 }
 
 } // namespace
@@ -174,40 +163,24 @@ std::vector<int> BoardGame::legalTargets(int from) const {
     MoveList moves;
     positions_[size_t(ply_)].legalMoves(moves);
     std::vector<int> targets;
-    for (Move m : moves)
-        if (m.from == from && !m.isNull()) {
-            const int t = uiTarget(m);
-            if (std::find(targets.begin(), targets.end(), t) == targets.end())
-                targets.push_back(t);
-        }
+    auto add = [&](int t) {
+        if (t != from && std::find(targets.begin(), targets.end(), t) == targets.end())
+            targets.push_back(t);
+    };
+    for (Move m : moves) {
+        if (m.from != from)
+            continue;
+        add(m.to);
+        if (m.isCastle())
+            add(Position::castleKingTarget(m));
+    }
     return targets;
 }
 
-bool BoardGame::isPromotion(int from, int to) const {
+BoardGame::PlayOutcome BoardGame::playMove(int from, int to, PieceType promotion) {
     MoveList moves;
     positions_[size_t(ply_)].legalMoves(moves);
-    for (Move m : moves)
-        if (m.from == from && uiTarget(m) == to && m.promotion)
-            return true;
-    return false;
-}
-
-BoardGame::PlayOutcome BoardGame::playMove(int from, int to, char promotion) {
-    MoveList moves;
-    positions_[size_t(ply_)].legalMoves(moves);
-    const PieceType wanted = promotion == 'R'   ? Rook
-                             : promotion == 'B' ? Bishop
-                             : promotion == 'N' ? Knight
-                                                : Queen;
-    std::optional<Move> chosen;
-    for (Move m : moves) {
-        if (m.from != from || uiTarget(m) != to)
-            continue;
-        if (m.promotion && m.promotion != wanted)
-            continue;
-        chosen = m;
-        break;
-    }
+    const std::optional<Move> chosen = chooseMove(moves, from, to, promotion);
     if (!chosen)
         return PlayOutcome::Illegal;
     std::vector<Node>& line = game_.main.moves;
@@ -219,6 +192,13 @@ BoardGame::PlayOutcome BoardGame::playMove(int from, int to, char promotion) {
     if (p == line.size()) {
         line.push_back(Node{*chosen, {}, {}, {}});
     } else {
+        // The old continuation goes one level down; refuse what could not be read back.
+        size_t deepest = 0;
+        for (size_t k = p + 1; k < line.size(); ++k)
+            for (const Line& v : line[k].variations)
+                deepest = std::max(deepest, 1 + nesting(v));
+        if (1 + deepest > kMaxNesting)
+            return PlayOutcome::Illegal;
         // The old continuation stays as a variation; a variation that starts with this move
         // becomes the main line instead of a new one.
         std::vector<Line> alternatives = std::move(line[p].variations);

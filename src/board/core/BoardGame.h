@@ -16,8 +16,6 @@
 
 namespace tavlon {
 
-// Squares are 0 (a1) to 63 (h8): file + 8 * rank.
-// Pieces for drawing: ' ' empty, "KQRBNP" white, "kqrbnp" black.
 class BoardGame {
 public:
     BoardGame();
@@ -37,16 +35,11 @@ public:
     int ply() const;
     int gameLength() const;
 
-    // Of the position shown.
-    int fiftyMoveCount() const;       // full moves since the last pawn move or capture
-    int moveNumber() const;           // the Forsyth move number
+    // The position shown.
+    const Position& position() const { return positions_[size_t(ply_)]; }
     int listMoveNumber() const;       // number of the move that led here; 0 at ply 0
-    std::string epSquare() const;     // "e3", or "-"
-    std::string onMove() const;       // "White" or "Black"
-    std::string castleRights() const; // "KQkq" letters that apply, or "-"
     std::string lastMoveText() const; // SAN of the move that led here, "" at ply 0
-    char pieceAt(int square) const;
-    // From and to square of the move that led here.
+    // From and to square of the move that led here (the king's squares for castling).
     std::optional<std::pair<int, int>> lastMove() const;
 
     // The six-field Forsyth string of any ply of the main line.
@@ -71,15 +64,11 @@ public:
 
     // Mouse moves on the shown position.
     std::vector<int> legalTargets(int from) const;
-    bool isPromotion(int from, int to) const;
     enum class PlayOutcome { Illegal, SteppedNext, Added };
-    // `promotion` is one of "QRBN" (ignored when the move is no promotion). Playing the game's
-    // next move only steps forward. Any other legal move becomes the main line from here, and
-    // the old continuation is kept as a variation at this point; then the game is changed.
-    PlayOutcome playMove(int from, int to, char promotion);
-
-    const Game& game() const { return game_; }
-    const Position& positionAt(int ply) const { return positions_[size_t(ply)]; }
+    // `promotion` is used when the move is one. Playing the game's next move only steps
+    // forward. Any other legal move becomes the main line from here, and the old continuation is
+    // kept as a variation at this point; then the game is changed.
+    PlayOutcome playMove(int from, int to, PieceType promotion);
 
 private:
     void load(const Position& start, std::string_view movesText);
@@ -88,7 +77,7 @@ private:
     int ply_ = 0;
     bool changed_ = false;
     std::vector<Position> positions_; // after 0, 1, ... plies of the main line
-    std::vector<std::string> sans_;   // of the moves that led there
+    SanList sans_;                    // of the moves that led there
 };
 
 } // namespace tavlon

@@ -3,6 +3,7 @@
 #include "BoardError.h"
 #include "Position.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <vector>
@@ -27,34 +28,15 @@ std::vector<std::string_view> fields(std::string_view s) {
     return out;
 }
 
+// A count of the Forsyth string; digits only, larger numbers stop at kMaxCount.
 int toNumber(std::string_view s, int fallback) {
-    int value = 0;
-    auto [ptr, ec] = std::from_chars(s.data(), s.data() + s.size(), value);
-    if (ec != std::errc() || ptr != s.data() + s.size() || value < 0)
+    if (s.empty() || s.find_first_not_of("0123456789") != std::string_view::npos)
         return fallback;
-    return value;
+    long long value = 0;
+    for (char c : s)
+        value = std::min<long long>(value * 10 + (c - '0'), kMaxCount);
+    return int(value);
 }
-
-PieceType pieceType(char c) {
-    switch (std::tolower(static_cast<unsigned char>(c))) {
-    case 'p':
-        return Pawn;
-    case 'n':
-        return Knight;
-    case 'b':
-        return Bishop;
-    case 'r':
-        return Rook;
-    case 'q':
-        return Queen;
-    case 'k':
-        return King;
-    default:
-        return NoType;
-    }
-}
-
-const char kLetters[] = " PNBRQK";
 
 } // namespace
 
@@ -77,13 +59,12 @@ Position Position::fromForsyth(std::string_view text) {
             if (file > 8)
                 throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
         } else {
-            const PieceType t = pieceType(c);
-            if (t == NoType)
+            const Piece piece = pieceOfLetter(c);
+            if (!piece)
                 throw BoardError(std::string("Unknown piece letter '") + c + "' in Forsyth string");
             if (file > 7)
                 throw BoardError("Forsyth rank " + std::to_string(8 - rank) + " is too long");
-            pos.put(makeSquare(file, rank),
-                    makePiece(std::isupper(static_cast<unsigned char>(c)) ? White : Black, t));
+            pos.put(makeSquare(file, rank), piece);
             ++file;
         }
     }
@@ -148,6 +129,9 @@ Position Position::fromForsyth(std::string_view text) {
                 pos.ep_ = sq;
         }
     }
+    pos.findCheckers();
+    const int waiting = pos.king_[pos.side_ ^ 1];
+    pos.exposed_ = pos.attacked(waiting, pos.side_);
     pos.halfmove_ = f.size() > 4 ? toNumber(f[4], 0) : 0;
     pos.fullmove_ = f.size() > 5 ? toNumber(f[5], 1) : 1;
     if (pos.fullmove_ < 1)
@@ -156,7 +140,6 @@ Position Position::fromForsyth(std::string_view text) {
 }
 
 void Position::sanitiseRights() {
-    chess960_ = false;
     for (int c = 0; c < 2; ++c) {
         const int home = c == White ? 0 : 7;
         const int kingSq = king_[c];
@@ -167,64 +150,62 @@ void Position::sanitiseRights() {
             const bool ok = kingSq >= 0 && rankOf(kingSq) == home &&
                             board_[makeSquare(rf, home)] == makePiece(Color(c), Rook) &&
                             (side == 0 ? rf > fileOf(kingSq) : rf < fileOf(kingSq));
-            if (!ok) {
+            if (!ok)
                 castle_[c][side] = -1;
-                continue;
-            }
-            if (fileOf(kingSq) != 4 || rf != (side == 0 ? 7 : 0))
-                chess960_ = true;
         }
     }
 }
 
-std::string Position::forsyth() const {
-    std::string s;
-    s.reserve(90);
+void Position::appendForsyth(std::string& out) const {
+    // Written into a buffer of the longest string first: 71 characters of placement, side,
+    // rights, square and two counts of up to 10 digits, and five blanks.
+    char text[112];
+    char* p = text;
     for (int rank = 7; rank >= 0; --rank) {
         int empty = 0;
         for (int file = 0; file < 8; ++file) {
-            const Piece p = board_[makeSquare(file, rank)];
-            if (!p) {
+            const Piece piece = board_[makeSquare(file, rank)];
+            if (!piece) {
                 ++empty;
                 continue;
             }
             if (empty)
-                s += char('0' + empty);
+                *p++ = char('0' + empty);
             empty = 0;
-            const char letter = kLetters[typeOf(p)];
-            s += colorOf(p) == White ? letter
-                                     : char(std::tolower(static_cast<unsigned char>(letter)));
+            *p++ = pieceLetter(piece);
         }
         if (empty)
-            s += char('0' + empty);
+            *p++ = char('0' + empty);
         if (rank)
-            s += '/';
+            *p++ = '/';
     }
-    s += side_ == White ? " w " : " b ";
-    std::string rights;
-    for (int c = 0; c < 2; ++c) {
-        for (int side = 0; side < 2; ++side) {
-            const int rf = castle_[c][side];
-            if (rf < 0)
-                continue;
-            // A rook in its corner is K or Q; any other (Chess960) by its file letter.
-            const bool corner = rf == (side == 0 ? 7 : 0);
-            const char letter = corner ? (side == 0 ? 'K' : 'Q') : char('A' + rf);
-            rights += c == White ? letter : char(std::tolower(static_cast<unsigned char>(letter)));
-        }
-    }
-    s += rights.empty() ? "-" : rights;
-    s += ' ';
+    *p++ = ' ';
+    *p++ = side_ == White ? 'w' : 'b';
+    *p++ = ' ';
+    const char* rights = p;
+    for (Color c : {White, Black})
+        for (int side = 0; side < 2; ++side)
+            if (castle_[c][side] >= 0)
+                *p++ = castleLetter(c, side, castle_[c][side]);
+    if (p == rights)
+        *p++ = '-';
+    *p++ = ' ';
     if (ep_ >= 0) {
-        s += char('a' + fileOf(ep_));
-        s += char('1' + rankOf(ep_));
+        *p++ = char('a' + fileOf(ep_));
+        *p++ = char('1' + rankOf(ep_));
     } else {
-        s += '-';
+        *p++ = '-';
     }
-    s += ' ';
-    s += std::to_string(halfmove_);
-    s += ' ';
-    s += std::to_string(fullmove_);
+    for (int count : {halfmove_, fullmove_}) {
+        *p++ = ' ';
+        p = std::to_chars(p, text + sizeof text, count).ptr;
+    }
+    out.append(text, size_t(p - text));
+}
+
+std::string Position::forsyth() const {
+    std::string s;
+    appendForsyth(s);
     return s;
 }
 

@@ -1,11 +1,11 @@
 // Reading PGN move text: move numbers, comments, NAGs, variations, escape lines and results.
+// One reader serves the board (the whole tree), a replay (the main line only) and the file
+// reader (only where the game ends); all three end a game by the same rules.
 
 #include "BoardError.h"
 #include "MoveText.h"
+#include "PgnLexer.h"
 #include "San.h"
-
-#include <algorithm>
-#include <cctype>
 
 namespace tavlon {
 
@@ -13,32 +13,6 @@ namespace {
 
 bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
-}
-bool isDelimiter(char c) {
-    return isSpace(c) || c == '{' || c == '}' || c == '(' || c == ')' || c == ';' || c == '$';
-}
-
-bool isResult(std::string_view w) {
-    return w == "1-0" || w == "0-1" || w == "1/2-1/2" || w == "*" || w == "1/2" ||
-           w == "\xC2\xBD-\xC2\xBD" ||
-           w == "1\xE2\x80\x93"
-                "0" ||
-           w == "0\xE2\x80\x93"
-                "1" ||
-           w == "1/2\xE2\x80\x93"
-                "1/2";
-}
-
-std::string normalResult(std::string_view w) {
-    if (w == "1\xE2\x80\x93"
-             "0")
-        return "1-0";
-    if (w == "0\xE2\x80\x93"
-             "1")
-        return "0-1";
-    if (w.substr(0, 1) == "1" && w.size() > 3 && w != "1-0")
-        return "1/2-1/2"; // the draw in any of its spellings
-    return std::string(w);
 }
 
 // Comment text as kept: whitespace runs become one blank, none at the ends, and no "}" (which
@@ -65,122 +39,124 @@ void appendComment(std::string& to, std::string_view text) {
     to += clean;
 }
 
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Whether every character of `w` is `a` or `b`.
+bool onlyOf(std::string_view w, char a, char b) {
+    for (char c : w)
+        if (c != a && c != b)
+            return false;
+    return true;
+}
+
 struct Frame {
-    Line* line;
-    Position pos;     // before the next move of this line
-    Position lastPos; // before the line's last move
-    bool hasMove = false;
+    Line* line;                // null when the line is not kept
+    Position pos;              // before the next move of this line
+    Position lastPos;          // before the line's last move (kept in Tree mode only)
+    std::string_view lastMove; // that move as written; empty before the first
+    int lastNumber = 0;        // and its number
+    Color lastSide = White;
 };
 
 class Reader {
 public:
-    Reader(std::string_view text, const Position& start, bool mainOnly)
-        : text_(text), start_(start), mainOnly_(mainOnly) {}
+    enum Mode {
+        Tree,     // the whole game, for the board
+        MainLine, // the main line played, variations and comments passed over
+        Scan,     // nothing played: only where the game ends
+    };
 
-    Game run() {
-        Game game;
-        game.start = start_;
-        frames_.push_back(Frame{&game.main, start_, start_, false});
-        size_t i = 0;
-        bool lineStart = true;
-        const size_t n = text_.size();
-        while (i < n) {
-            const char c = text_[i];
-            if (c == '\n' || c == '\r') {
-                lineStart = true;
-                ++i;
-                continue;
-            }
-            if (lineStart && c == '%') {
-                while (i < n && text_[i] != '\n' && text_[i] != '\r')
-                    ++i;
-                continue;
-            }
-            lineStart = false;
-            if (isSpace(c)) {
-                ++i;
-                continue;
-            }
-            if (c == '{') {
-                const size_t close = text_.find('}', i + 1);
-                const size_t stop = close == std::string_view::npos ? n : close;
-                comment(text_.substr(i + 1, stop - i - 1));
-                i = close == std::string_view::npos ? n : close + 1;
-                continue;
-            }
-            if (c == ';') {
-                size_t stop = i + 1;
-                while (stop < n && text_[stop] != '\n' && text_[stop] != '\r')
-                    ++stop;
-                comment(text_.substr(i + 1, stop - i - 1));
-                i = stop;
-                continue;
-            }
-            if (c == '(') {
-                openVariation();
-                ++i;
-                continue;
-            }
-            if (c == ')') {
-                if (frames_.size() + skipDepth_ <= 1)
-                    fail("Unbalanced \")\"", ")");
-                closeVariation();
-                ++i;
-                continue;
-            }
-            if (c == '}') {
-                ++i; // a stray brace closes nothing
-                continue;
-            }
-            size_t stop = i + 1;
-            if (c == '$') {
-                while (stop < n && std::isdigit(static_cast<unsigned char>(text_[stop])))
-                    ++stop;
-                int value = 0;
-                for (size_t k = i + 1; k < stop; ++k)
-                    value = std::min(value * 10 + (text_[k] - '0'), 1000); // no overflow
-                nag(value);
-                i = stop;
-                continue;
-            }
-            while (stop < n && !isDelimiter(text_[stop]))
-                ++stop;
-            const std::string_view word = text_.substr(i, stop - i);
-            i = stop;
-            if (isResult(word)) {
-                if (frames_.size() == 1 && skipDepth_ == 0) {
-                    game.result = normalResult(word);
-                    break; // the rest of the text is not part of the game
-                }
-                continue;
-            }
-            this->word(word);
-            if (!gluedResult_.empty()) {
-                game.result = gluedResult_;
-                break;
+    Reader(PgnLexer& lexer, Mode mode) : lexer_(lexer), mode_(mode) {}
+
+    // Reads up to the end of the game: a result outside variations, the end of the text, and in
+    // a file (MainLine and Scan) also a "[" outside variations, where the next game's tags begin.
+    // `line` is the main line's Line in Tree mode.
+    void run(const Position& start, Line* line, std::vector<Move>* moves) {
+        moves_ = moves;
+        frames_.push_back(Frame{line, start, start, {}});
+        for (;;) {
+            try {
+                if (!step())
+                    return;
+            } catch (const BoardError& e) {
+                if (mode_ == Tree)
+                    throw;
+                error_ = e.what();
+                mode_ = Scan;
             }
         }
-        if (frames_.size() > 1 || skipDepth_ > 0)
-            fail("Unbalanced \"(\"", "(");
-        game.end = frames_.front().pos;
-        return game;
     }
+
+    // In MainLine mode a refused move does not stop the reading: the rest is scanned for the
+    // game's end, and the refusal kept here.
+    const std::string& error() const { return error_; }
+    std::string_view result() const { return result_.empty() ? "*" : result_; }
+    const Position& position() const { return frames_.front().pos; }
 
 private:
-    int plyOf(const Position& pos) const {
-        return (pos.fullmoveNumber() - start_.fullmoveNumber()) * 2 + int(pos.sideToMove()) -
-               int(start_.sideToMove()) + 1;
+    size_t depth() const { return frames_.size() - 1 + skipDepth_; }
+
+    // Reads one token; false at the end of the game.
+    bool step() {
+        const PgnToken t = lexer_.next();
+        switch (t.kind) {
+        case PgnToken::End:
+            if (depth() > 0 && mode_ != Scan)
+                fail("Unbalanced \"(\"", frames_.front());
+            return false;
+        case PgnToken::Comment:
+            comment(t.text);
+            break;
+        case PgnToken::Open:
+            openVariation();
+            break;
+        case PgnToken::Close:
+            closeVariation();
+            break;
+        case PgnToken::Nag:
+            nag(t.value);
+            break;
+        case PgnToken::Tag:
+            if (mode_ == Tree)
+                refuse(t.text);
+            if (depth() == 0) {
+                lexer_.rewind(t); // the next game's tags
+                return false;
+            }
+            break;
+        case PgnToken::Word:
+            if (const std::string_view r = resultOf(t.text); !r.empty()) {
+                if (depth() == 0) {
+                    result_ = r;
+                    return false; // the rest of the text is not part of the game
+                }
+                break;
+            }
+            word(t.text);
+            return result_.empty();
+        }
+        return true;
     }
 
-    [[noreturn]] void fail(const std::string& what, std::string_view token) const {
-        (void)token;
-        throw BoardError(what + " at ply " + std::to_string(plyOf(frames_.back().pos)));
+    // `what` after the last move read in that line.
+    [[noreturn]] static void fail(const std::string& what, const Frame& where) {
+        if (where.lastMove.empty())
+            throw BoardError(what + " before the first move");
+        throw BoardError(what + " after " +
+                         numberedMove(where.lastNumber, where.lastSide, where.lastMove));
+    }
+
+    [[noreturn]] void refuse(std::string_view token) const {
+        throw BoardError("Illegal move " + numberedMove(frames_.back().pos, token) +
+                         ": not a move");
     }
 
     void comment(std::string_view text) {
-        if (skipDepth_ > 0 || mainOnly_)
-            return;
         Frame& f = frames_.back();
+        if (mode_ != Tree)
+            return;
         if (f.line->moves.empty())
             appendComment(f.line->leadComment, text);
         else
@@ -188,27 +164,34 @@ private:
     }
 
     void nag(int value) {
-        if (skipDepth_ > 0 || mainOnly_ || value <= 0 || value > 255)
-            return;
         Frame& f = frames_.back();
+        if (mode_ != Tree || value <= 0 || value > 255)
+            return;
         if (!f.line->moves.empty())
             f.line->moves.back().nags.push_back(value);
     }
 
     void openVariation() {
         Frame& f = frames_.back();
-        if (skipDepth_ > 0 || mainOnly_) {
+        if (mode_ != Scan && depth() + 1 > kMaxNesting)
+            fail("Variations nested deeper than " + std::to_string(kMaxNesting), frames_.front());
+        if (mode_ != Tree) {
             ++skipDepth_;
             return;
         }
-        if (!f.hasMove)
-            fail("Variation before any move", "(");
+        if (f.lastMove.empty())
+            fail("A variation", f);
         Node& node = f.line->moves.back();
         node.variations.emplace_back();
-        frames_.push_back(Frame{&node.variations.back(), f.lastPos, f.lastPos, false});
+        frames_.push_back(Frame{&node.variations.back(), f.lastPos, f.lastPos, {}});
     }
 
     void closeVariation() {
+        if (depth() == 0) {
+            if (mode_ != Scan)
+                fail("Unbalanced \")\"", frames_.back());
+            return;
+        }
         if (skipDepth_ > 0) {
             --skipDepth_;
             return;
@@ -224,65 +207,90 @@ private:
         if (skipDepth_ > 0)
             return;
         // Move numbers: "12", "12.", "12...", and "12.e4" with the move glued on.
-        if (std::isdigit(static_cast<unsigned char>(w[0])) && w.substr(0, 3) != "0-0") {
+        if (isDigit(w[0]) && w.substr(0, 3) != "0-0") {
             size_t k = 0;
-            while (k < w.size() && std::isdigit(static_cast<unsigned char>(w[k])))
+            while (k < w.size() && isDigit(w[k]))
                 ++k;
             const size_t digitsEnd = k;
-            while (k < w.size() && (w[k] == '.' || w[k] == ' '))
+            while (k < w.size() && w[k] == '.')
                 ++k;
             if (k == w.size())
                 return;
-            if (k == digitsEnd)
-                fail("Unreadable move \"" + std::string(w) + "\"", w);
+            if (k == digitsEnd) {
+                if (mode_ == Scan)
+                    return;
+                refuse(w);
+            }
             w = w.substr(k);
         }
-        if (w == "e.p." || w == "ep" || w.find_first_not_of("+#") == std::string_view::npos ||
-            w.find_first_not_of('.') == std::string_view::npos)
+        // Check signs, dots and an en passant remark on their own say nothing.
+        if (onlyOf(w, '+', '#') || onlyOf(w, '.', '.') || w == "e.p." || w == "ep")
             return;
         // A result glued to the last move, as in "h6*".
         if (w.size() > 1 && w.back() == '*' && frames_.size() == 1) {
             word(w.substr(0, w.size() - 1));
-            gluedResult_ = "*";
+            result_ = "*";
             return;
         }
-        if (w.find_first_not_of("!?") == std::string_view::npos) {
+        if (mode_ == Scan)
+            return;
+        if (onlyOf(w, '!', '?')) {
             nag(glyphNag(w));
             return;
         }
         Frame& f = frames_.back();
-        SanResult san;
-        try {
-            san = readSan(f.pos, w);
-        } catch (const BoardError& e) {
-            fail(e.what(), w);
-        }
-        if (!mainOnly_) {
+        const SanResult san = readSan(f.pos, w);
+        if (mode_ == Tree) {
             Node node;
             node.move = san.move;
             if (san.nag)
                 node.nags.push_back(san.nag);
             f.line->moves.push_back(std::move(node));
-        } else {
-            f.line->moves.push_back(Node{san.move, {}, {}, {}});
+        } else if (moves_) {
+            moves_->push_back(san.move);
         }
-        f.lastPos = f.pos;
+        if (mode_ == Tree)
+            f.lastPos = f.pos;
+        f.lastMove = w;
+        f.lastNumber = f.pos.fullmoveNumber();
+        f.lastSide = f.pos.sideToMove();
         f.pos.play(san.move);
-        f.hasMove = true;
     }
 
-    std::string_view text_;
-    Position start_;
-    bool mainOnly_;
+    PgnLexer& lexer_;
+    Mode mode_;
     std::vector<Frame> frames_;
-    int skipDepth_ = 0;
-    std::string gluedResult_;
+    std::vector<Move>* moves_ = nullptr;
+    size_t skipDepth_ = 0;
+    std::string_view result_;
+    std::string error_;
 };
 
 } // namespace
 
-Game readMoveText(std::string_view text, const Position& start, bool mainLineOnly) {
-    return Reader(text, start, mainLineOnly).run();
+Game readMoveText(std::string_view text, const Position& start) {
+    Game game;
+    game.start = start;
+    PgnLexer lexer(text);
+    Reader reader(lexer, Reader::Tree);
+    reader.run(start, &game.main, nullptr);
+    game.result = std::string(reader.result());
+    return game;
+}
+
+void readMainLine(PgnLexer& lexer, const Position& start, MainLine& line) {
+    line.moves.clear();
+    line.error.clear();
+    Reader reader(lexer, Reader::MainLine);
+    reader.run(start, nullptr, &line.moves);
+    line.error = reader.error();
+    line.end = reader.position();
+    line.result = reader.result();
+}
+
+void skipMoveText(PgnLexer& lexer) {
+    Reader reader(lexer, Reader::Scan);
+    reader.run(Position::start(), nullptr, nullptr);
 }
 
 } // namespace tavlon

@@ -15,110 +15,102 @@ bool startsEscape(std::string_view w) {
 
 // Joins words into lines of at most 79 characters with CR LF between them. A line that the
 // importer would read as the end of a game (it ends like a result) or as an escape line (it
-// starts with "%") is avoided by breaking elsewhere; a single long word may exceed the width.
-std::string wrap(const std::vector<std::string>& words) {
-    std::vector<std::vector<const std::string*>> lines(1);
-    std::vector<size_t> widths(1, 0);
-    for (const std::string& w : words) {
-        auto& line = lines.back();
-        size_t& width = widths.back();
-        const size_t added = line.empty() ? w.size() : width + 1 + w.size();
-        if (line.empty() || added <= kLineWidth || startsEscape(w)) {
-            line.push_back(&w);
-            width = added;
-            continue;
+// starts with "%") is avoided by breaking before the run of result-like words that ends the
+// line, or by not breaking at all; a single long word may exceed the width. Each word is carried
+// to a new line at most once, so the time is linear even for a comment full of results.
+class LineWrapper {
+public:
+    void add(std::string_view w) {
+        const bool fits = words_ == lineStart_ || width_ + 1 + w.size() <= kLineWidth;
+        const bool canBreak = runStart_ > lineStart_ && (runStart_ == words_ || !runEscapes_);
+        if (!fits && !startsEscape(w) && canBreak) {
+            // A new line, carrying the result-like run with it.
+            std::string carried;
+            if (runStart_ < words_) {
+                carried = out_.substr(runOffset_);
+                out_.resize(runOffset_ - 1); // and the blank before it
+            }
+            out_ += "\r\n";
+            runOffset_ = out_.size();
+            out_ += carried;
+            lineStart_ = runStart_;
+            width_ = carried.size();
         }
-        // Carry words that would leave the line ending like a result over to the next line.
-        std::vector<const std::string*> carried;
-        while (line.size() > 1 && endsLikeResult(*line.back())) {
-            carried.insert(carried.begin(), line.back());
-            line.pop_back();
+        if (words_ > lineStart_) {
+            out_ += ' ';
+            ++width_;
         }
-        if (!carried.empty() && startsEscape(*carried.front())) {
-            line.insert(line.end(), carried.begin(), carried.end());
-            carried.clear();
+        if (runStart_ == words_) {
+            runOffset_ = out_.size();
+            runEscapes_ = startsEscape(w);
         }
-        if (endsLikeResult(*line.back())) {
-            // Nowhere to break: keep going on this line.
-            line.insert(line.end(), carried.begin(), carried.end());
-            line.push_back(&w);
-            width = added;
-            continue;
-        }
-        width = 0;
-        for (size_t k = 0; k < line.size(); ++k)
-            width += line[k]->size() + (k ? 1 : 0);
-        carried.push_back(&w);
-        size_t carriedWidth = 0;
-        for (size_t k = 0; k < carried.size(); ++k)
-            carriedWidth += carried[k]->size() + (k ? 1 : 0);
-        lines.push_back(carried);
-        widths.push_back(carriedWidth);
+        out_ += w;
+        width_ += w.size();
+        ++words_;
+        if (!endsLikeResult(w))
+            runStart_ = words_;
     }
-    std::string out;
-    for (size_t l = 0; l < lines.size(); ++l) {
-        if (l)
-            out += "\r\n";
-        for (size_t k = 0; k < lines[l].size(); ++k) {
-            if (k)
-                out += ' ';
-            out += *lines[l][k];
-        }
-    }
-    return out;
-}
+    std::string take() { return std::move(out_); }
 
-std::string cleanComment(const std::string& text) {
-    std::string out;
-    for (char c : text) {
-        if (c == '}')
-            continue;
-        out += (c == '\r' || c == '\n' || c == '\t') ? ' ' : c;
-    }
-    return out;
-}
+private:
+    std::string out_;
+    size_t words_ = 0;        // words added so far
+    size_t lineStart_ = 0;    // first word of the current line
+    size_t runStart_ = 0;     // first word of the result-like run that ends the line (or the next)
+    size_t runOffset_ = 0;    // where that run starts in `out_`
+    bool runEscapes_ = false; // the run's first word starts with "%"
+    size_t width_ = 0;
+};
 
+// Walks a line move by move: the position before each move and its SAN, taken from what the
+// caller knows of the main line, or worked out here.
+class LineWalk {
+public:
+    LineWalk(const Position& start, const KnownLine* known) : pos_(start), known_(known) {}
+    const Position& before(size_t i) const { return known_ ? known_->positions[i] : pos_; }
+    std::string_view san(size_t i, Move m) {
+        if (known_)
+            return known_->sans[i];
+        san_ = writeSan(pos_, m);
+        return san_;
+    }
+    void next(Move m) {
+        if (!known_)
+            pos_.play(m);
+    }
+
+private:
+    Position pos_;
+    const KnownLine* known_;
+    std::string san_;
+};
+
+// Builds the words of the annotated text one at a time, so that a bracket can still be added to
+// the last word of a variation before it is placed.
 class AnnotatedWriter {
 public:
-    std::vector<std::string> words;
-
-    void comment(const std::string& text) {
-        const std::string clean = cleanComment(text);
-        std::vector<std::string> parts;
-        size_t i = 0;
-        while (i <= clean.size()) {
-            size_t j = clean.find(' ', i);
-            if (j == std::string::npos)
-                j = clean.size();
-            if (j > i)
-                parts.push_back(clean.substr(i, j - i));
-            i = j + 1;
-        }
-        if (parts.empty())
-            parts.push_back("");
-        parts.front().insert(0, "{");
-        parts.back() += "}";
-        for (auto& p : parts)
-            push(std::move(p));
-    }
-
-    void line(const Line& line, Position pos, bool needNumber) {
+    void line(const Line& line, const Position& start, bool needNumber, const KnownLine* known) {
         if (!line.leadComment.empty()) {
             comment(line.leadComment);
             needNumber = true;
         }
-        for (const Node& node : line.moves) {
+        LineWalk walk(start, known);
+        for (size_t i = 0; i < line.moves.size(); ++i) {
+            const Node& node = line.moves[i];
+            const Position& pos = walk.before(i);
             // A move number stays on the line of its move.
-            const std::string number = std::to_string(pos.fullmoveNumber());
-            std::string san = writeSan(pos, node.move);
-            if (pos.sideToMove() == White)
-                san = number + ". " + san;
-            else if (needNumber)
-                san = number + "... " + san;
-            push(std::move(san));
+            beginWord();
+            if (pos.sideToMove() == White || needNumber) {
+                word_ += std::to_string(pos.fullmoveNumber());
+                word_ += pos.sideToMove() == White ? ". " : "... ";
+            }
+            word_ += walk.san(i, node.move);
             needNumber = false;
-            for (int nag : node.nags)
-                push("$" + std::to_string(nag));
+            for (int nag : node.nags) {
+                beginWord();
+                word_ += '$';
+                word_ += std::to_string(nag);
+            }
             if (!node.comment.empty()) {
                 comment(node.comment);
                 needNumber = true;
@@ -127,27 +119,66 @@ public:
                 if (variation.moves.empty() && variation.leadComment.empty())
                     continue;
                 openNext_ = true;
-                this->line(variation, pos, true);
-                words.back() += ")";
+                this->line(variation, pos, true, nullptr);
+                word_ += ')';
                 needNumber = true;
             }
-            pos.play(node.move);
+            walk.next(node.move);
         }
     }
 
-    void push(std::string w) {
-        if (openNext_) {
-            w.insert(0, "(");
-            openNext_ = false;
-        }
-        words.push_back(std::move(w));
+    std::string finish(std::string_view result) {
+        beginWord();
+        word_ += result;
+        beginWord();
+        return wrapper_.take();
     }
 
 private:
+    // Braces round the words of the text; a closing brace inside it and line breaks are dropped.
+    void comment(std::string_view text) {
+        bool any = false, inWord = false;
+        for (char c : text) {
+            if (c == '}')
+                continue;
+            if (c == ' ' || c == '\r' || c == '\n' || c == '\t') {
+                inWord = false;
+                continue;
+            }
+            if (!inWord) {
+                beginWord();
+                if (!any)
+                    word_ += '{';
+                any = inWord = true;
+            }
+            word_ += c;
+        }
+        if (!any) {
+            beginWord();
+            word_ += '{';
+        }
+        word_ += '}';
+    }
+
+    // Places the word built so far and starts the next.
+    void beginWord() {
+        if (started_)
+            wrapper_.add(word_);
+        started_ = true;
+        word_.clear();
+        if (openNext_) {
+            word_ += '(';
+            openNext_ = false;
+        }
+    }
+
+    LineWrapper wrapper_;
+    std::string word_;
+    bool started_ = false;
     bool openNext_ = false;
 };
 
-std::string glyphOf(const Node& node) {
+std::string_view glyphOf(const Node& node) {
     for (int nag : node.nags)
         if (nag >= 1 && nag <= 6)
             return nagGlyph(nag);
@@ -159,60 +190,67 @@ std::string glyphOf(const Node& node) {
 bool endsLikeResult(std::string_view line) {
     while (!line.empty() && line.back() == ' ')
         line.remove_suffix(1);
+    if (line.empty() ||
+        (line.back() != '2' && line.back() != '0' && line.back() != '1' && line.back() != '*'))
+        return false; // the last characters of the results below
     for (std::string_view r : {"1/2-1/2", "1-0", "0-1", "*"})
         if (line.size() >= r.size() && line.substr(line.size() - r.size()) == r)
             return true;
     return false;
 }
 
-std::string writeAnnotated(const Game& game) {
+std::string writeAnnotated(const Game& game, const KnownLine* known) {
     AnnotatedWriter w;
-    w.line(game.main, game.start, true);
-    w.push(game.result);
-    return wrap(w.words);
+    w.line(game.main, game.start, true, known);
+    return w.finish(game.result);
 }
 
-std::string writeList(const Game& game) {
+std::string writeList(const Game& game, const KnownLine* known) {
     std::string out;
-    Position pos = game.start;
-    bool first = true;
-    for (const Node& node : game.main.moves) {
-        const std::string san = writeSan(pos, node.move) + glyphOf(node);
+    LineWalk walk(game.start, known);
+    for (size_t i = 0; i < game.main.moves.size(); ++i) {
+        const Node& node = game.main.moves[i];
+        const Position& pos = walk.before(i);
         if (pos.sideToMove() == White) {
-            if (!first)
+            if (i > 0)
                 out += "\r\n";
-            out += std::to_string(pos.fullmoveNumber()) + ". " + san;
-        } else if (first) {
-            out += std::to_string(pos.fullmoveNumber()) + "... " + san;
+            out += std::to_string(pos.fullmoveNumber());
+            out += ". ";
+        } else if (i == 0) {
+            out += std::to_string(pos.fullmoveNumber());
+            out += "... ";
         } else {
-            out += " " + san;
+            out += ' ';
         }
-        first = false;
-        pos.play(node.move);
+        out += walk.san(i, node.move);
+        out += glyphOf(node);
+        walk.next(node.move);
     }
-    if (!first)
+    if (!game.main.moves.empty())
         out += "\r\n";
     out += game.result;
     return out;
 }
 
-std::string writeParagraph(const Game& game) {
-    std::vector<std::string> words;
-    Position pos = game.start;
-    bool first = true;
-    for (const Node& node : game.main.moves) {
-        const std::string san = writeSan(pos, node.move) + glyphOf(node);
-        if (pos.sideToMove() == White)
-            words.push_back(std::to_string(pos.fullmoveNumber()) + "." + san);
-        else if (first)
-            words.push_back(std::to_string(pos.fullmoveNumber()) + "..." + san);
-        else
-            words.push_back(san);
-        first = false;
-        pos.play(node.move);
+std::string writeParagraph(const Game& game, const KnownLine* known) {
+    LineWrapper wrapper;
+    LineWalk walk(game.start, known);
+    std::string word;
+    for (size_t i = 0; i < game.main.moves.size(); ++i) {
+        const Node& node = game.main.moves[i];
+        const Position& pos = walk.before(i);
+        word.clear();
+        if (pos.sideToMove() == White || i == 0) {
+            word += std::to_string(pos.fullmoveNumber());
+            word += pos.sideToMove() == White ? "." : "...";
+        }
+        word += walk.san(i, node.move);
+        word += glyphOf(node);
+        wrapper.add(word);
+        walk.next(node.move);
     }
-    words.push_back(game.result);
-    return wrap(words);
+    wrapper.add(game.result);
+    return wrapper.take();
 }
 
 } // namespace tavlon
