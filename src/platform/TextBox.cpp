@@ -55,7 +55,7 @@ QString TextBox::Text() const {
 void TextBox::setText(const QString& text) {
     // The same text again only puts the cursor back at the start: laying the text out anew is
     // most of what giving a text costs.
-    if (!edited_ && text == text_ && !document()->isEmpty()) {
+    if (!edited_ && text == text_) {
         const QTextCursor c = textCursor();
         if (c.position() != 0 || c.hasSelection())
             setTextCursor(QTextCursor(document()));
