@@ -113,7 +113,7 @@ QString frmHelp::readHelpText() {
     }
     QString text;
     while (!file->atEnd()) {
-        text += file->lineInputView();
+        text += file->lineInput();
         text += kCrLf;
     }
     return text;

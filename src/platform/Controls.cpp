@@ -1,7 +1,6 @@
 #include "platform/Controls.h"
 
 #include "platform/Errors.h"
-#include "platform/TextFile.h"
 #include "platform/Twips.h"
 
 #include <QAbstractListModel>
@@ -9,45 +8,73 @@
 #include <QLocale>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QTextBlock>
 
 namespace tolvisk {
 
-namespace {} // namespace
-
-// The entries of a list box, one string each.
+// The entries of a list box: strings, or a count and the function that makes each entry.
 class StringListModel : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
-    QStringList items;
-    int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : int(items.size());
+    int size() const { return entry_ ? count_ : int(items_.size()); }
+    QString at(int row) const { return entry_ ? entry_(row) : items_.at(row); }
+    QStringList items() const {
+        if (!entry_)
+            return items_;
+        QStringList list;
+        list.reserve(count_);
+        for (int row = 0; row < count_; ++row)
+            list << entry_(row);
+        return list;
     }
+    int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : size(); }
     QVariant data(const QModelIndex& index, int role) const override {
         // No tool tip of its own: the list's tool tip shows over the entries too.
         if (!index.isValid() || role != Qt::DisplayRole)
             return {};
-        return items.at(index.row());
+        return at(index.row());
     }
     void reset(QStringList list) {
         beginResetModel();
-        items = std::move(list);
+        items_ = std::move(list);
+        entry_ = nullptr;
+        endResetModel();
+    }
+    void reset(int count, std::function<QString(int)> entry) {
+        beginResetModel();
+        items_.clear();
+        count_ = count;
+        entry_ = std::move(entry);
         endResetModel();
     }
     void insert(int row, const QString& text) {
+        keepStrings();
         beginInsertRows({}, row, row);
-        items.insert(row, text);
+        items_.insert(row, text);
         endInsertRows();
     }
     void remove(int row) {
+        keepStrings();
         beginRemoveRows({}, row, row);
-        items.removeAt(row);
+        items_.removeAt(row);
         endRemoveRows();
     }
     void set(int row, const QString& text) {
-        items[row] = text;
+        keepStrings();
+        items_[row] = text;
         emit dataChanged(index(row), index(row));
     }
+
+private:
+    // Before a single entry changes, every entry becomes a string of its own.
+    void keepStrings() {
+        if (entry_) {
+            items_ = items();
+            entry_ = nullptr;
+        }
+    }
+    QStringList items_;
+    int count_ = 0;
+    std::function<QString(int)> entry_;
 };
 
 ListBox::ListBox(QWidget* parent) : QListView(parent), model_(new StringListModel(this)) {
@@ -102,33 +129,33 @@ void ListBox::setListIndex(int16_t index) {
 }
 
 int16_t ListBox::ListCount() const {
-    return int16_t(std::min<qsizetype>(model_->items.size(), 32767));
+    return int16_t(std::min(model_->size(), 32767));
 }
 
 QString ListBox::List(int16_t index) const {
-    if (index < 0 || index >= model_->items.size())
+    if (index < 0 || index >= model_->size())
         return QString();
-    return model_->items.at(index);
+    return model_->at(index);
 }
 
 void ListBox::setList(int16_t index, const QString& text) {
-    if (index < 0 || index >= model_->items.size())
+    if (index < 0 || index >= model_->size())
         throw invalidPropertyValue();
     model_->set(index, text);
 }
 
 void ListBox::AddItem(const QString& text) {
-    model_->insert(int(model_->items.size()), text);
+    model_->insert(model_->size(), text);
 }
 
 void ListBox::AddItem(const QString& text, int16_t index) {
-    if (index < 0 || index > model_->items.size())
+    if (index < 0 || index > model_->size())
         throw invalidPropertyValue();
     model_->insert(index, text);
 }
 
 void ListBox::RemoveItem(int16_t index) {
-    if (index < 0 || index >= model_->items.size())
+    if (index < 0 || index >= model_->size())
         throw invalidPropertyValue();
     settingIndex_ = true;
     const bool selected = ListIndex() == index;
@@ -148,108 +175,23 @@ void ListBox::Clear() {
 void ListBox::setItems(QStringList items) {
     settingIndex_ = true;
     model_->reset(std::move(items));
+    clearSelectionQuietly();
+}
+
+void ListBox::setItems(int count, std::function<QString(int row)> entry) {
+    settingIndex_ = true;
+    model_->reset(count, std::move(entry));
+    clearSelectionQuietly();
+}
+
+void ListBox::clearSelectionQuietly() {
     selectionModel()->clearSelection();
     selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
     settingIndex_ = false;
 }
 
 QStringList ListBox::items() const {
-    return model_->items;
-}
-
-// Text box
-
-TextBox::TextBox(QWidget* parent) : QPlainTextEdit(parent) {
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-}
-
-QString TextBox::Text() const {
-    // The document's own characters: a non-breaking space stays one. Only the line ends between
-    // its blocks are the widget's, and they are CR LF to the program.
-    QString text = document()->toRawText();
-    text.replace(QChar::ParagraphSeparator, kCrLf);
-    return text;
-}
-
-void TextBox::setText(const QString& text) {
-    QString plain = text;
-    plain.replace(kCrLf, QLatin1String("\n"));
-    plain.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    setPlainText(plain);
-}
-
-namespace {
-
-// Positions in the program's text (CR LF counts two) and in the widget (one per line end).
-int toProgram(const QString& plain, int pos) {
-    return pos + int(QStringView(plain).left(pos).count(QLatin1Char('\n')));
-}
-
-int toWidget(const QString& plain, int pos) {
-    int program = 0;
-    for (int i = 0; i < plain.size(); ++i) {
-        const int step = plain[i] == QLatin1Char('\n') ? 2 : 1;
-        if (program + step > pos)
-            return i;
-        program += step;
-    }
-    return int(plain.size());
-}
-
-} // namespace
-
-int TextBox::SelStart() const {
-    return toProgram(toPlainText(), textCursor().selectionStart());
-}
-
-void TextBox::setSelStart(int start) {
-    QTextCursor c = textCursor();
-    c.setPosition(toWidget(toPlainText(), std::max(0, start)));
-    setTextCursor(c);
-}
-
-int TextBox::SelLength() const {
-    const QString plain = toPlainText();
-    const QTextCursor c = textCursor();
-    return toProgram(plain, c.selectionEnd()) - toProgram(plain, c.selectionStart());
-}
-
-void TextBox::setSelLength(int length) {
-    const QString plain = toPlainText();
-    QTextCursor c = textCursor();
-    const int start = toProgram(plain, c.selectionStart());
-    c.setPosition(toWidget(plain, start));
-    c.setPosition(toWidget(plain, start + std::max(0, length)), QTextCursor::KeepAnchor);
-    setTextCursor(c);
-}
-
-QString TextBox::SelText() const {
-    QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, kCrLf);
-    return text;
-}
-
-void TextBox::mouseDoubleClickEvent(QMouseEvent* event) {
-    // The word under the pointer, delimited by blanks and line ends, not by punctuation: a
-    // move number keeps its dot.
-    const QString plain = toPlainText();
-    int pos = cursorForPosition(event->position().toPoint()).position();
-    auto isDelimiter = [](QChar c) {
-        return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\t');
-    };
-    if (pos >= plain.size() || (pos < plain.size() && isDelimiter(plain[pos])))
-        if (pos > 0 && !isDelimiter(plain[pos - 1]))
-            --pos;
-    int start = pos, end = pos;
-    while (start > 0 && !isDelimiter(plain[start - 1]))
-        --start;
-    while (end < plain.size() && !isDelimiter(plain[end]))
-        ++end;
-    QTextCursor c = textCursor();
-    c.setPosition(start);
-    c.setPosition(end, QTextCursor::KeepAnchor);
-    setTextCursor(c);
-    emit DblClick();
+    return model_->items();
 }
 
 // Toolbar

@@ -5,17 +5,19 @@
 // boxes whose text and selection count CR LF as two characters, a toolbar addressed by key, a
 // four-panel status bar and a timer whose enabling restarts its interval.
 
+#include "platform/TextBox.h"
+
 #include <QAction>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QListView>
-#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QStringList>
 #include <QTimer>
 #include <QToolBar>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 
 namespace tolvisk {
@@ -44,6 +46,9 @@ public:
     void Clear();
     // Replaces all entries at once (fast path for long lists); no selection afterwards.
     void setItems(QStringList items);
+    // Replaces all entries by `count` entries that `entry` makes when they are shown or read,
+    // for a long list whose texts live elsewhere; no selection afterwards.
+    void setItems(int count, std::function<QString(int row)> entry);
     QStringList items() const;
 
 signals:
@@ -57,32 +62,10 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    // Ends a replacement of all entries: no selection, and no Click for it.
+    void clearSelectionQuietly();
     StringListModel* model_;
     bool settingIndex_ = false;
-};
-
-// A text box. `Text()` gives back exactly the characters it was given; it and the selection use
-// the program's view of the text, in which a line ends in CR LF, while the widget shows
-// ordinary lines.
-class TextBox : public QPlainTextEdit {
-    Q_OBJECT
-public:
-    explicit TextBox(QWidget* parent = nullptr);
-
-    QString Text() const;
-    void setText(const QString& text);
-    int SelStart() const;
-    void setSelStart(int start);
-    int SelLength() const;
-    void setSelLength(int length);
-    QString SelText() const;
-
-signals:
-    // Raised after a double click has selected the blank-delimited word under the pointer.
-    void DblClick();
-
-protected:
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
 };
 
 // A toolbar whose buttons are found by key. Separators and placeholders have no key.

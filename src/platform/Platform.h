@@ -24,9 +24,10 @@ class Platform {
 public:
     virtual ~Platform() = default;
 
-    // A modal message box. An empty title means the program's default title.
+    // A modal message box. An empty title means the program's default title. A detail text,
+    // when there is one, waits behind a button for the user who wants to know more.
     virtual MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
-                             const QString& title) = 0;
+                             const QString& title, const QString& detail = QString()) = 0;
     // Returns "" when cancelled.
     virtual QString inputBox(const QString& prompt, const QString& title,
                              const QString& defaultText = QString()) = 0;
@@ -55,6 +56,7 @@ public:
     // from a writable tree of its own, else the user's configuration directory.
     virtual QString dataDir() = 0;
 
+    // A regular file for reading; anything else is refused with a RuntimeError.
     virtual std::unique_ptr<TextFileReader> openInput(const QString& path) = 0;
     virtual std::unique_ptr<TextFileWriter> openOutput(const QString& path,
                                                        TextEncoding encoding) = 0;

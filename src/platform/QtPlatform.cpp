@@ -36,23 +36,12 @@ QString qtFileFilter(const QString& filter) {
     return filters.join(QStringLiteral(";;"));
 }
 
-std::unique_ptr<TextFileReader> readTextFile(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError(QStringLiteral("Cannot open \"%1\": %2").arg(path, file.errorString()),
-                           53);
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw RuntimeError(QStringLiteral("Cannot read \"%1\": %2").arg(path, file.errorString()),
-                           57);
-    return std::make_unique<TextFileReader>(bytes);
-}
-
 MsgResult QtPlatform::msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
-                             const QString& title) {
+                             const QString& title, const QString& detail) {
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(title.isEmpty() ? kDefaultTitle : title);
     box.setText(text);
+    box.setDetailedText(detail);
     switch (icon) {
     case MsgIcon::None:
         box.setIcon(QMessageBox::NoIcon);
@@ -227,7 +216,7 @@ QString QtPlatform::dataDir() {
 }
 
 std::unique_ptr<TextFileReader> QtPlatform::openInput(const QString& path) {
-    return readTextFile(path);
+    return TextFileReader::open(path);
 }
 
 std::unique_ptr<TextFileWriter> QtPlatform::openOutput(const QString& path, TextEncoding encoding) {

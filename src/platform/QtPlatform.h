@@ -7,8 +7,8 @@ namespace tolvisk {
 // The desktop itself: Qt's dialogs, printer, clipboard, processes and files.
 class QtPlatform : public Platform {
 public:
-    MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
-                     const QString& title) override;
+    MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon, const QString& title,
+                     const QString& detail = QString()) override;
     QString inputBox(const QString& prompt, const QString& title,
                      const QString& defaultText) override;
     QString showOpen(const QString& filter, const QString& initialDir) override;
@@ -37,7 +37,5 @@ QString filterSuffix(const QString& qtFilter);
 // Where the data that come with the program lie, seen from the executable's folder: that folder
 // when it holds them, else the folder `dataFromBin` leads to when it exists, else that folder.
 QString findSharedDataDir(const QString& exeDir, const QString& dataFromBin);
-// Opens a file's bytes as sequential text input; throws RuntimeError when it cannot.
-std::unique_ptr<TextFileReader> readTextFile(const QString& path);
 
 } // namespace tolvisk

@@ -3,191 +3,276 @@
 #include "platform/Errors.h"
 
 #include <QFile>
+#include <QSaveFile>
 
-#include <array>
+#include <cerrno>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace tolvisk {
 
 namespace {
 
-// Windows-1252 bytes 0x80 to 0x9F; the five the code page leaves undefined keep their own value.
-constexpr std::array<char16_t, 32> kHigh1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr qint64 kSmallestBlock = qint64(64) << 10;
+// Output goes to the file in pieces of about this size.
+constexpr qint64 kSpillSize = qint64(1) << 20;
+// Room kept for a file's bytes at once; a larger file grows its buffer as it is read.
+constexpr qint64 kMostReserved = qint64(256) << 20;
 
-bool validUtf8(const QByteArray& bytes) {
-    const auto* p = reinterpret_cast<const unsigned char*>(bytes.constData());
-    const qsizetype n = bytes.size();
-    qsizetype i = 0;
-    while (i < n) {
-        // Runs of ASCII are the common case.
-        while (i + 8 <= n) {
-            quint64 chunk;
-            std::memcpy(&chunk, p + i, 8);
-            if (chunk & 0x8080808080808080ULL)
-                break;
-            i += 8;
-        }
-        if (i >= n)
-            break;
-        const unsigned char c = p[i];
-        if (c < 0x80) {
-            ++i;
-            continue;
-        }
-        int extra;
-        quint32 cp;
-        if ((c & 0xE0) == 0xC0) {
-            extra = 1;
-            cp = c & 0x1F;
-        } else if ((c & 0xF0) == 0xE0) {
-            extra = 2;
-            cp = c & 0x0F;
-        } else if ((c & 0xF8) == 0xF0) {
-            extra = 3;
-            cp = c & 0x07;
-        } else {
-            return false;
-        }
-        if (i + extra >= n)
-            return false;
-        for (int k = 1; k <= extra; ++k) {
-            if ((p[i + k] & 0xC0) != 0x80)
-                return false;
-            cp = (cp << 6) | (p[i + k] & 0x3F);
-        }
-        // Overlong forms, surrogates and values past U+10FFFF would not come back as the same
-        // bytes.
-        if ((extra == 1 && cp < 0x80) || (extra == 2 && cp < 0x800) ||
-            (extra == 3 && cp < 0x10000) || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
-            return false;
-        i += extra + 1;
-    }
-    return true;
+RuntimeError cannotOpen(const QString& path, const QString& reason) {
+    return RuntimeError(QStringLiteral("Cannot open \"%1\": %2").arg(path, reason), 53);
+}
+
+// What a path names when it is no regular file, for the box that refuses it.
+QString notAFile(mode_t mode) {
+    if (S_ISDIR(mode))
+        return QStringLiteral("it is a folder, not a file.");
+    if (S_ISFIFO(mode))
+        return QStringLiteral("it is a pipe, not a file.");
+    if (S_ISSOCK(mode))
+        return QStringLiteral("it is a socket, not a file.");
+    return QStringLiteral("it is a device, not a file.");
+}
+
+// Eight bytes at once: whether any of them is a CR or an LF.
+inline bool holdsLineEnd(quint64 x) {
+    auto zeroByte = [](quint64 v) {
+        return (v - 0x0101010101010101ULL) & ~v & 0x8080808080808080ULL;
+    };
+    return zeroByte(x ^ 0x0A0A0A0A0A0A0A0AULL) | zeroByte(x ^ 0x0D0D0D0D0D0D0D0DULL);
 }
 
 } // namespace
 
-TextEncoding detectEncoding(const QByteArray& bytes) {
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        return validUtf8(bytes.mid(3)) ? TextEncoding::Utf8Bom : TextEncoding::Windows1252;
-    return validUtf8(bytes) ? TextEncoding::Utf8 : TextEncoding::Windows1252;
-}
-
-QString decodeText(const QByteArray& bytes, TextEncoding encoding) {
-    switch (encoding) {
-    case TextEncoding::Utf8:
-        return QString::fromUtf8(bytes);
-    case TextEncoding::Utf8Bom:
-        return QString::fromUtf8(bytes.constData() + 3, bytes.size() - 3);
-    case TextEncoding::Windows1252:
-        break;
+qint64 findLineEnd(const char* data, qint64 from, qint64 size) {
+    qint64 i = from;
+    for (; i + 8 <= size; i += 8) {
+        quint64 chunk;
+        std::memcpy(&chunk, data + i, 8);
+        if (holdsLineEnd(chunk))
+            break;
     }
-    QString text(bytes.size(), Qt::Uninitialized);
-    char16_t* out = reinterpret_cast<char16_t*>(text.data());
-    const auto* in = reinterpret_cast<const unsigned char*>(bytes.constData());
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        const unsigned char c = in[i];
-        out[i] = (c >= 0x80 && c < 0xA0) ? kHigh1252[c - 0x80] : char16_t(c);
+    for (; i < size; ++i)
+        if (data[i] == '\n' || data[i] == '\r')
+            return i;
+    return size;
+}
+
+qint64 skipLineEnd(const char* data, qint64 at, qint64 size) {
+    if (at >= size)
+        return at;
+    return data[at] == '\r' && at + 1 < size && data[at + 1] == '\n' ? at + 2 : at + 1;
+}
+
+TextFileReader::TextFileReader(QByteArray bytes)
+    : bytes_(std::move(bytes)), length_(bytes_.size()), whole_(true) {
+    readMark();
+}
+
+TextFileReader::TextFileReader(std::unique_ptr<QFile> file) : file_(std::move(file)) {
+    length_ = file_->size();
+    bytes_.reserve(std::min(length_, kMostReserved) + 1);
+    readBlock();
+    // A UTF-16 or UTF-32 file is needed whole to be turned into UTF-8.
+    for (TextEncoding e : {TextEncoding::Utf16LE, TextEncoding::Utf16BE, TextEncoding::Utf32BE})
+        if (bytes_.startsWith(byteOrderMark(e)))
+            readAll();
+    readMark();
+}
+
+TextFileReader::~TextFileReader() = default;
+
+std::unique_ptr<TextFileReader> TextFileReader::open(const QString& path) {
+    // Not blocking, so that a pipe cannot hang the program before it is refused.
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        throw cannotOpen(path, QString::fromLocal8Bit(std::strerror(errno)));
+    struct stat info;
+    const bool known = ::fstat(fd, &info) == 0;
+    if (!known || !S_ISREG(info.st_mode)) {
+        const QString reason =
+            known ? notAFile(info.st_mode) : QString::fromLocal8Bit(std::strerror(errno));
+        ::close(fd);
+        throw cannotOpen(path, reason);
     }
-    return text;
-}
-
-QByteArray encodeText(QStringView text, TextEncoding encoding, TextEncoding* used) {
-    if (encoding == TextEncoding::Windows1252) {
-        QByteArray bytes(text.size(), Qt::Uninitialized);
-        char* out = bytes.data();
-        bool fits = true;
-        for (qsizetype i = 0; i < text.size() && fits; ++i) {
-            const char16_t c = text[i].unicode();
-            if (c < 0x80 || (c >= 0xA0 && c < 0x100)) {
-                out[i] = char(c);
-                continue;
-            }
-            fits = false;
-            for (int k = 0; k < 32; ++k)
-                if (kHigh1252[size_t(k)] == c) {
-                    out[i] = char(0x80 + k);
-                    fits = true;
-                    break;
-                }
-        }
-        if (fits) {
-            if (used)
-                *used = TextEncoding::Windows1252;
-            return bytes;
-        }
-        encoding = TextEncoding::Utf8; // a character the code page cannot hold
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(fd, QIODevice::ReadOnly | QIODevice::Unbuffered,
+                    QFileDevice::AutoCloseHandle)) {
+        ::close(fd);
+        throw cannotOpen(path, file->errorString());
     }
-    if (used)
-        *used = encoding;
-    QByteArray bytes = text.toUtf8();
-    if (encoding == TextEncoding::Utf8Bom)
-        bytes.prepend("\xEF\xBB\xBF");
-    return bytes;
+    return std::unique_ptr<TextFileReader>(new TextFileReader(std::move(file)));
 }
 
-TextFileReader::TextFileReader(const QByteArray& bytes) : encoding_(detectEncoding(bytes)) {
-    text_ = decodeText(bytes, encoding_);
+bool TextFileReader::readBlock() {
+    if (whole_)
+        return false;
+    const qint64 start = bytes_.size();
+    // The rest of the file and one byte more, which finds its end, in blocks of bounded size.
+    const qint64 want = std::clamp(length_ - start + 1, kSmallestBlock, TextFileReader::kBlockSize);
+    bytes_.resize(start + want);
+    const qint64 got = file_->read(bytes_.data() + start, want);
+    bytes_.resize(start + std::max<qint64>(got, 0));
+    if (got < 0)
+        throw RuntimeError(
+            QStringLiteral("Cannot read \"%1\": %2").arg(file_->fileName(), file_->errorString()),
+            57);
+    if (got == 0) {
+        whole_ = true;
+        file_.reset();
+        length_ = bytes_.size();
+    }
+    return got > 0;
 }
 
-TextFileReader::TextFileReader(QString text, TextEncoding encoding)
-    : text_(std::move(text)), encoding_(encoding) {}
+void TextFileReader::readAll() {
+    while (readBlock()) {
+    }
+}
 
-QStringView TextFileReader::lineInputView() {
+void TextFileReader::readMark() {
+    unicode_ = whole_ ? unicodeByteOrder(bytes_) : TextEncoding::Utf8;
+    if (unicode_ != TextEncoding::Utf8) {
+        bytes_ = decodeText(bytes_, unicode_).toUtf8();
+        length_ = bytes_.size();
+    } else if (bytes_.startsWith(byteOrderMark(TextEncoding::Utf8Bom))) {
+        pos_ = 3; // the mark is no part of the first line
+    }
+}
+
+bool TextFileReader::atEnd() {
+    while (pos_ >= bytes_.size())
+        if (!readBlock())
+            return true;
+    return false;
+}
+
+TextFileReader::Span TextFileReader::lineSpan() {
     if (atEnd())
         throw RuntimeError(QStringLiteral("Input past end of file"), 62);
-    const char16_t* data = reinterpret_cast<const char16_t*>(text_.constData());
-    const qsizetype n = text_.size();
-    qsizetype end = pos_;
-    while (end < n && data[end] != u'\r' && data[end] != u'\n')
-        ++end;
-    QStringView line(data + pos_, end - pos_);
-    if (end < n) {
-        if (data[end] == u'\r' && end + 1 < n && data[end + 1] == u'\n')
-            end += 2;
-        else
-            ++end;
-    }
+    const qint64 begin = pos_;
+    qint64 end = findLineEnd(bytes_.constData(), pos_, bytes_.size());
+    while (end == bytes_.size() && readBlock())
+        end = findLineEnd(bytes_.constData(), end, bytes_.size());
     pos_ = end;
-    return line;
+    if (end < bytes_.size()) {
+        ++pos_;
+        // A CR that ends a block may be the first half of CR LF.
+        if (bytes_[end] == '\r' && (pos_ < bytes_.size() || readBlock()) && bytes_[pos_] == '\n')
+            ++pos_;
+    }
+    return {begin, end};
+}
+
+QString TextFileReader::lineInput() {
+    const Span line = lineSpan();
+    const TextEncoding form = unicode_ != TextEncoding::Utf8 ? TextEncoding::Utf8 : encoding();
+    return decodeText(QByteArrayView(data() + line.begin, line.end - line.begin), byteForm(form));
+}
+
+TextEncoding TextFileReader::encoding() {
+    if (!encoding_) {
+        readAll();
+        encoding_ = encodingOf(bytes_.size());
+    }
+    return *encoding_;
+}
+
+TextEncoding TextFileReader::encodingOf(qint64 end) const {
+    if (unicode_ != TextEncoding::Utf8)
+        return unicode_;
+    const bool marked = bytes_.startsWith(byteOrderMark(TextEncoding::Utf8Bom));
+    const qint64 start = marked ? 3 : 0;
+    if (!isValidUtf8(QByteArrayView(data() + start, std::max(end - start, qint64(0)))))
+        return TextEncoding::Windows1252;
+    return marked ? TextEncoding::Utf8Bom : TextEncoding::Utf8;
+}
+
+QByteArray TextFileReader::takeBytes(qint64 end) {
+    bytes_.truncate(end);
+    bytes_.squeeze();
+    file_.reset();
+    whole_ = true;
+    pos_ = length_ = 0;
+    return std::exchange(bytes_, QByteArray());
 }
 
 TextFileWriter::TextFileWriter(QString path, TextEncoding encoding)
-    : path_(std::move(path)), encoding_(encoding) {
-    QFile file(path_);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        throw RuntimeError(QStringLiteral("Cannot write \"%1\": %2").arg(path_, file.errorString()),
-                           75);
+    : path_(std::move(path)), encoding_(encoding), file_(std::make_unique<QSaveFile>(path_)) {
+    if (!file_->open(QIODevice::WriteOnly))
+        fail();
 }
 
 TextFileWriter::~TextFileWriter() {
-    try {
-        close();
-    } catch (const std::exception&) {
-    }
+    if (file_)
+        file_->cancelWriting();
+}
+
+void TextFileWriter::fail() {
+    const QString reason = file_->errorString();
+    file_->cancelWriting();
+    file_.reset();
+    throw RuntimeError(QStringLiteral("Cannot write \"%1\": %2").arg(path_, reason), 75);
 }
 
 void TextFileWriter::print(QStringView line) {
-    buffer_ += line;
-    buffer_ += kCrLf;
+    write(line);
+    write(kCrLf);
+}
+
+void TextFileWriter::spill() {
+    // Windows-1252 text is kept whole until the end: a character the code page cannot hold
+    // turns the whole file into UTF-8.
+    if (buffer_.size() < kSpillSize || encoding_ == TextEncoding::Windows1252)
+        return;
+    writeOut();
+}
+
+void TextFileWriter::writeOut() {
+    if (!markWritten_) {
+        const QByteArrayView mark = byteOrderMark(encoding_);
+        if (file_->write(mark.data(), mark.size()) != mark.size())
+            fail();
+        markWritten_ = true;
+    }
+    if (file_->write(buffer_) != buffer_.size())
+        fail();
+    buffer_.resize(0); // the room stays for what follows
 }
 
 void TextFileWriter::write(QStringView text) {
-    buffer_ += text;
+    spill();
+    if (appendEncoded(buffer_, text, byteForm(encoding_)))
+        return;
+    // A character the code page cannot hold: the whole file becomes UTF-8.
+    buffer_ = decodeText(buffer_, TextEncoding::Windows1252).toUtf8();
+    encoding_ = TextEncoding::Utf8;
+    appendEncoded(buffer_, text, encoding_);
+}
+
+void TextFileWriter::writeBytes(QByteArrayView bytes, TextEncoding encoding) {
+    spill();
+    if (byteForm(encoding) == byteForm(encoding_))
+        buffer_ += bytes;
+    else
+        write(decodeText(bytes, byteForm(encoding)));
+}
+
+QByteArray* TextFileWriter::bytesIn(TextEncoding encoding) {
+    spill();
+    return byteForm(encoding) == byteForm(encoding_) ? &buffer_ : nullptr;
 }
 
 void TextFileWriter::close() {
-    if (closed_)
+    if (!file_)
         return;
-    closed_ = true;
-    QFile file(path_);
-    const QByteArray bytes = encodeText(buffer_, encoding_);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
-        throw RuntimeError(QStringLiteral("Cannot write \"%1\": %2").arg(path_, file.errorString()),
-                           75);
+    writeOut();
+    if (!file_->commit())
+        fail();
+    file_.reset();
+    buffer_.clear();
 }
 
 } // namespace tolvisk

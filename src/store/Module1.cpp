@@ -14,6 +14,7 @@ void Module1::clearStore() {
     GameStore.assign(1, GameRecord{});
     EditedResult.clear();
     FileEncoding = TextEncoding::Utf8;
+    PartialFile = false;
 }
 
 } // namespace tolvisk

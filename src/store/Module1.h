@@ -30,13 +30,16 @@ public:
     // The encoding the store's file came in, so Save All writes the same bytes back; a new
     // store is UTF-8.
     TextEncoding FileEncoding = TextEncoding::Utf8;
+    // The store holds only the first games of PGNFileName, up to the import's limit: Save All
+    // then asks for a file, as Save All As does, rather than cut that file short.
+    bool PartialFile = false;
 
     // Store element `index`; an index outside the store is an error, as for any array.
     GameRecord& record(int index);
     // The game count N: the store's upper bound, 0 without elements.
     int gameCount() const { return GameStore.empty() ? 0 : int(GameStore.size()) - 1; }
     // The store part of ClearGames: element 0 alone, no result taken from the tag editor, and
-    // the encoding of a new store.
+    // the encoding of a new store that is no part of a file.
     void clearStore();
 };
 

@@ -7,8 +7,8 @@ void writeStore(TextFileWriter& file, const GameStoreArray& store) {
         const GameRecord& game = store[i];
         if (game.Deleted)
             continue;
-        file.write(game.Header);
-        file.write(game.Moves);
+        game.Header.writeTo(file);
+        game.Moves.writeTo(file);
         file.write(kCrLf);
     }
 }

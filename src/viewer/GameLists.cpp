@@ -20,19 +20,17 @@ void frmMain::FillGameList() {
     const int n = m_.gameCount();
     sbStatusBar->setPanelText(1, QString::number(n) + QStringLiteral(" Games"));
     lstPGNFiles->Clear();
-    QStringList entries;
-    entries.reserve(n);
-    for (int i = 1; i <= n; ++i)
-        entries << gameListEntry(m_.GameStore[size_t(i)].Header);
-    lstPGNFiles->setItems(std::move(entries));
+    // Each entry is made from its header when the list shows or reads it: a long store costs
+    // no time here and is not held twice.
+    lstPGNFiles->setItems(n, [this](int row) {
+        const size_t i = size_t(row) + 1;
+        return i < m_.GameStore.size() ? gameListEntry(m_.GameStore[i].Header) : QString();
+    });
     platform_.setBusy(false);
 }
 
 void frmMain::FillTagList() {
-    const QStringList lines = headerTagLines(m_.record(lstPGNFiles->ListIndex() + 1).Header);
-    lstTags->Clear();
-    for (const QString& line : lines)
-        lstTags->AddItem(line);
+    lstTags->setItems(headerTagLines(m_.record(lstPGNFiles->ListIndex() + 1).Header));
 }
 
 void frmMain::ShowPlayerNames() {

@@ -15,7 +15,10 @@ void frmMain::mnuFileLoad_Click() {
         PromptSaveGame();
         if (m_.SaveCancelled)
             return;
-        txtPreview->setText(m_.record(lstPGNFiles->ListIndex() + 1).Moves);
+        // The move text is built from the file's bytes once, for the preview and the board.
+        const int previewed = lstPGNFiles->ListIndex() + 1;
+        QString moves = m_.record(previewed).Moves;
+        txtPreview->setText(moves);
         if (lstPGNFiles->ListCount() < 1) {
             platform_.msgBox(QStringLiteral("There are no games to select from."), MsgButtons::OK,
                              MsgIcon::Information, QStringLiteral("No Games"));
@@ -28,7 +31,8 @@ void frmMain::mnuFileLoad_Click() {
         m_.CurrentGame = toInt16(lstPGNFiles->ListIndex() + 1);
         FillTagList();
         CheckForForsyth();
-        const QString& moves = m_.record(lstPGNFiles->ListIndex() + 1).Moves;
+        if (lstPGNFiles->ListIndex() + 1 != previewed)
+            moves = m_.record(lstPGNFiles->ListIndex() + 1).Moves;
         if (!IsForsythGame)
             Tavlon1->LoadMoves(moves);
         else
@@ -39,10 +43,13 @@ void frmMain::mnuFileLoad_Click() {
         SetPlayerState();
         showDeletedMark(m_.record(lstPGNFiles->ListIndex() + 1).Deleted);
         platform_.setBusy(false);
-    } catch (const std::exception&) {
+    } catch (const std::exception& e) {
         platform_.setBusy(false);
+        // The reason (for the board, the move, its number and what is wrong with it) lets the
+        // user find the fault in the file.
         platform_.msgBox(QStringLiteral("Error loading game. This game cannot be loaded."),
-                         MsgButtons::OK, MsgIcon::Exclamation, QStringLiteral("Game Error"));
+                         MsgButtons::OK, MsgIcon::Exclamation, QStringLiteral("Game Error"),
+                         describeError(e));
     }
 }
 

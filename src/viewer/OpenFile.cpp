@@ -29,7 +29,6 @@ void frmMain::mnuFileOpen_Click() {
         repaintNow(this);
 
         file = platform_.openInput(FileToOpen);
-        m_.FileEncoding = file->encoding();
         progress = std::make_unique<frmLoadFile>();
         progress->ProgressBar1->setVisible(true);
         platform_.setBusy(true);
@@ -39,6 +38,8 @@ void frmMain::mnuFileOpen_Click() {
         const ImportResult result = importGames(*file, m_.GameStore, [&](long count, long percent) {
             progress->report(count, percent);
         });
+        m_.FileEncoding = result.encoding;
+        m_.PartialFile = result.limitReached;
         if (result.limitReached) {
             progress.reset();
             platform_.setBusy(false);
@@ -50,7 +51,8 @@ void frmMain::mnuFileOpen_Click() {
         file.reset();
         progress.reset();
         showFileTitle(FileToOpen);
-        FillGameList();
+        if (!result.limitReached) // the limit stop has filled the list already
+            FillGameList();
         txtPreview->setText(QString());
         if (result.count > 0)
             lstPGNFiles->setListIndex(0);

@@ -60,8 +60,7 @@ void frmMain::HighlightCurrentMove() {
     if (at < 0)
         return;
     txtMoveList->setFocus();
-    txtMoveList->setSelStart(int(at));
-    txtMoveList->setSelLength(int(target.size()));
+    txtMoveList->select(int(at), int(target.size()));
 }
 
 void frmMain::mnuPlayerMoveFirst_Click() {

@@ -55,9 +55,9 @@ void frmMain::saveGameAs(const QString& moveText) {
         file->print(text);
         file->close();
         platform_.setBusy(false);
-    } catch (const std::exception&) {
-        // A cancelled dialog or an unwritable file ends the command quietly.
+    } catch (const std::exception& e) {
         platform_.setBusy(false);
+        reportSaveFailure(e);
     }
 }
 
@@ -72,6 +72,9 @@ void frmMain::mnuFileSaveAll_Click() {
     PromptSaveGame();
     if (m_.SaveCancelled)
         return;
+    // The store holds only part of its file: writing it there would cut the file short.
+    if (m_.PartialFile)
+        m_.PGNFileName.clear();
     try {
         if (m_.PGNFileName.isEmpty())
             m_.PGNFileName = platform_.showSave(kPgnFileFilter, QString());
@@ -80,12 +83,25 @@ void frmMain::mnuFileSaveAll_Click() {
         writeStore(*file, m_.GameStore);
         file->close();
         m_.FileChanged = false;
+        m_.PartialFile = false;
         showFileTitle(m_.PGNFileName);
         SetPlayerState();
         platform_.setBusy(false);
-    } catch (const std::exception&) {
+    } catch (const std::exception& e) {
         platform_.setBusy(false);
+        // A file not written stops whatever the save prompt stood in front of, as Cancel does.
+        if (reportSaveFailure(e))
+            m_.SaveCancelled = true;
     }
+}
+
+bool frmMain::reportSaveFailure(const std::exception& e) {
+    // Cancelling the dialog is no failure to report.
+    if (dynamic_cast<const CancelError*>(&e))
+        return false;
+    platform_.msgBox(describeError(e), MsgButtons::OK, MsgIcon::Exclamation,
+                     QStringLiteral("Save Error"));
+    return true;
 }
 
 void frmMain::mnuFileSaveAllAs_Click() {

@@ -237,6 +237,9 @@ private:
     // A save prompt: when `changed`, asks Yes, No or Cancel; Yes runs `save`, Cancel sets
     // SaveCancelled.
     void promptToSave(bool changed, const QString& text, const QString& title, Handler save);
+    // A file that could not be written: a box naming it and the reason. Returns false, and
+    // shows nothing, for a cancelled dialog.
+    bool reportSaveFailure(const std::exception& e);
     void rememberOpenDir(const QString& path);
     // A control's top in twips from the top of the client area, toolbar included.
     void setTopTwips(QWidget* widget, int top);

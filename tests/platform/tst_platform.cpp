@@ -14,6 +14,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBlock>
 #include <QTimer>
 #include <QToolTip>
 
@@ -25,12 +26,14 @@ private slots:
     void encodingRoundTrip_data();
     void encodingRoundTrip();
     void writer();
+    void readerAcrossBlocks();
     void numbers_data();
     void numbers();
     void listSelection_data();
     void listSelection();
     void listDoubleClickAndToolTip();
     void textBoxKeepsEveryCharacter();
+    void textBoxShowsLongTextsCutShort();
     void doubleClickSelectsTheBlankDelimitedWord();
     void timerRestartsWhenEnabled();
     void saveDialogAddsTheFilterExtension_data();
@@ -73,11 +76,10 @@ void TestPlatform::writer() {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("a.txt"));
     auto written = [&](TextEncoding encoding, const QString& text) {
-        {
-            TextFileWriter w(path, encoding);
-            w.print(text);
-            w.write(QStringLiteral("x"));
-        }
+        TextFileWriter w(path, encoding);
+        w.print(text);
+        w.write(QStringLiteral("x"));
+        w.close();
         return AppFixture::readFile(path);
     };
     QCOMPARE(written(TextEncoding::Windows1252, QStringLiteral("R\u00e9ti \u0160ah")),
@@ -88,7 +90,32 @@ void TestPlatform::writer() {
              QStringLiteral("R\u00e9ti \u0141\u00f3d\u017a\r\nx").toUtf8());
     QVERIFY_THROWS_EXCEPTION(
         RuntimeError, TextFileWriter(QStringLiteral("/nonexistent/dir/x.pgn"), TextEncoding::Utf8));
-    QVERIFY_THROWS_EXCEPTION(RuntimeError, readTextFile(QStringLiteral("/nonexistent/x.pgn")));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError,
+                             TextFileReader::open(QStringLiteral("/nonexistent/x.pgn")));
+}
+
+void TestPlatform::readerAcrossBlocks() {
+    // A CR LF split between two blocks, and a line running over into the next block.
+    const qint64 block = TextFileReader::kBlockSize;
+    QByteArray bytes(block - 1, 'a');
+    bytes += "\r\nb";
+    bytes += QByteArray(block, 'c');
+    bytes += "\rlast";
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("long.pgn"));
+    QFile out(path);
+    QVERIFY(out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size());
+    out.close();
+    // Read line by line, as the import reads, block by block.
+    auto file = TextFileReader::open(path);
+    QList<QByteArray> lines;
+    while (!file->atEnd()) {
+        const TextFileReader::Span line = file->lineSpan();
+        lines << QByteArray(file->data() + line.begin, line.end - line.begin);
+    }
+    QCOMPARE(lines,
+             (QList<QByteArray>{QByteArray(block - 1, 'a'), "b" + QByteArray(block, 'c'), "last"}));
+    QCOMPARE(file->position(), bytes.size());
 }
 
 void TestPlatform::numbers_data() {
@@ -243,6 +270,37 @@ void TestPlatform::textBoxKeepsEveryCharacter() {
     box.setSelLength(6);
     QCOMPARE(box.SelText(), QStringLiteral("e5\r\n2."));
     QCOMPARE(box.SelLength(), 6);
+}
+
+void TestPlatform::textBoxShowsLongTextsCutShort() {
+    TextBox box;
+    // One line too long to lay out, then a short one.
+    const QString longLine(TextBox::kShownLineLength + 5000, u'w');
+    const QString text = longLine + QStringLiteral("\r\n1. e4");
+    box.setText(text);
+    QCOMPARE(box.Text(), text);
+    QCOMPARE(box.document()->firstBlock().text(),
+             longLine.left(TextBox::kShownLineLength) + QChar(0x2026));
+    // Read-only while cut, so that what it holds cannot be lost by typing.
+    QVERIFY(box.isReadOnly());
+    const int at = int(text.indexOf(QStringLiteral("1.")));
+    box.select(at, 2);
+    QCOMPARE(box.SelStart(), at);
+    QCOMPARE(box.SelText(), QStringLiteral("1."));
+    // Too many lines: the first ones, then a line of dots.
+    QString many;
+    for (int i = 0; i < TextBox::kShownLines + 10; ++i)
+        many += QStringLiteral("%1.\r\n").arg(i);
+    box.setText(many);
+    QCOMPARE(box.Text(), many);
+    QCOMPARE(box.document()->blockCount(), TextBox::kShownLines + 1);
+    QCOMPARE(box.document()->lastBlock().text(), QString(QChar(0x2026)));
+    // A text it shows whole makes it editable again, and what the user types is its text.
+    box.setText(QStringLiteral("1. e4"));
+    QVERIFY(!box.isReadOnly());
+    box.moveCursor(QTextCursor::End);
+    QTest::keyClicks(&box, QStringLiteral(" e5"));
+    QCOMPARE(box.Text(), QStringLiteral("1. e4 e5"));
 }
 
 void TestPlatform::doubleClickSelectsTheBlankDelimitedWord() {

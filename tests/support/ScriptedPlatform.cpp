@@ -1,7 +1,6 @@
 #include "support/ScriptedPlatform.h"
 
 #include "platform/Errors.h"
-#include "platform/QtPlatform.h"
 
 #include <QTest>
 
@@ -38,8 +37,8 @@ QStringList ScriptedPlatform::kinds() const {
 }
 
 MsgResult ScriptedPlatform::msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
-                                   const QString& title) {
-    record({QStringLiteral("msgBox"), text, title, icon, buttons});
+                                   const QString& title, const QString& detail) {
+    record({QStringLiteral("msgBox"), text, title, icon, buttons, detail});
     if (msgAnswers.empty()) {
         // A box with only OK needs no answer from the test.
         if (buttons == MsgButtons::OK)
@@ -130,7 +129,7 @@ void ScriptedPlatform::startProgram(const QString& path, const QStringList& argu
 std::unique_ptr<TextFileReader> ScriptedPlatform::openInput(const QString& path) {
     if (unreadable.contains(path))
         throw RuntimeError(QStringLiteral("Path/File access error"), 75);
-    return readTextFile(path);
+    return TextFileReader::open(path);
 }
 
 std::unique_ptr<TextFileWriter> ScriptedPlatform::openOutput(const QString& path,

@@ -16,14 +16,16 @@ namespace tolvisk {
 
 struct PlatformCall {
     PlatformCall(QString k, QString t = {}, QString ti = {}, MsgIcon i = MsgIcon::None,
-                 MsgButtons b = MsgButtons::OK)
-        : kind(std::move(k)), text(std::move(t)), title(std::move(ti)), icon(i), buttons(b) {}
+                 MsgButtons b = MsgButtons::OK, QString d = {})
+        : kind(std::move(k)), text(std::move(t)), title(std::move(ti)), icon(i), buttons(b),
+          detail(std::move(d)) {}
     QString kind; // "msgBox", "inputBox", "showOpen", "showSave", "showColor", "print",
                   // "clipboardClear", "clipboardText", "clipboardImage", "start", "busy", "normal"
     QString text;
     QString title;
     MsgIcon icon = MsgIcon::None;
     MsgButtons buttons = MsgButtons::OK;
+    QString detail;
 };
 
 // Thrown past every handler of the program when a box comes that the test did not expect.
@@ -68,8 +70,8 @@ public:
     QString dir() const { return dir_.path(); }
     QString path(const QString& name) const { return dir_.filePath(name); }
 
-    MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
-                     const QString& title) override;
+    MsgResult msgBox(const QString& text, MsgButtons buttons, MsgIcon icon, const QString& title,
+                     const QString& detail = QString()) override;
     QString inputBox(const QString& prompt, const QString& title,
                      const QString& defaultText) override;
     QString showOpen(const QString& filter, const QString& initialDir) override;

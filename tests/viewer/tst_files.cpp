@@ -7,9 +7,15 @@
 #include "viewer/frmLoadFile.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QProcess>
 #include <QProgressBar>
+#include <QScopeGuard>
 #include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace tolvisk;
 
@@ -53,6 +59,8 @@ private slots:
     void doubleClickOnAnEmptyList();
     void closeAsksFirstAndStartsAFreshStore();
     void saveAllRules();
+    void failedSaveKeepsTheFileAndTheWindow_data();
+    void failedSaveKeepsTheFileAndTheWindow();
     void saveNewGameThenSaveAgain();
     void promptsAndTheirCancel();
     void saveAsWritesTagsAndMoveList();
@@ -80,7 +88,7 @@ void TestFiles::openShowsTheFirstGame() {
 
 void TestFiles::openFailures_data() {
     QTest::addColumn<QString>("how");
-    QTest::addColumn<QString>("box"); // the one box shown, or none
+    QTest::addColumn<QString>("box"); // the one box shown, or none; %1 stands for the path
     QTest::addColumn<int>("games");   // store elements afterwards
     QTest::addColumn<bool>("titled"); // the title names the new file
     QTest::newRow("cancelled dialog") << "cancel"
@@ -89,6 +97,13 @@ void TestFiles::openFailures_data() {
                                      << "Path/File access error" << 1 << false;
     QTest::newRow("file of empty lines") << "empty"
                                          << "" << 1 << true;
+    // Only regular files are read: a pipe would never end, a device never stop.
+    QTest::newRow("a folder") << "folder"
+                              << "Cannot open \"%1\": it is a folder, not a file." << 1 << false;
+    QTest::newRow("a pipe") << "pipe"
+                            << "Cannot open \"%1\": it is a pipe, not a file." << 1 << false;
+    QTest::newRow("a device") << "device"
+                              << "Cannot open \"%1\": it is a device, not a file." << 1 << false;
 }
 
 void TestFiles::openFailures() {
@@ -99,7 +114,15 @@ void TestFiles::openFailures() {
     AppFixture f;
     const QString before = f.openText(kClubFile);
     f.platform.clear();
-    const QString path = f.writeFile(QStringLiteral("other.pgn"), crlf("\n\n\n"));
+    QString path = f.writeFile(QStringLiteral("other.pgn"), crlf("\n\n\n"));
+    if (how == QLatin1String("folder")) {
+        path = f.platform.dir();
+    } else if (how == QLatin1String("pipe")) {
+        path = f.platform.path(QStringLiteral("pipe.pgn"));
+        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    } else if (how == QLatin1String("device")) {
+        path = QStringLiteral("/dev/zero");
+    }
     if (how == QLatin1String("cancel"))
         f.platform.queueOpenCancel();
     else
@@ -110,7 +133,8 @@ void TestFiles::openFailures() {
     QCOMPARE(int(f.m().GameStore.size()), games);
     QCOMPARE(f.main().windowTitle(), QStringLiteral("Ravelund - ") + (titled ? path : before));
     // The box, with no title of its own and no icon, gives the platform's description.
-    QCOMPARE(boxesShown(f.platform), box.isEmpty() ? QStringList() : QStringList{": " + box});
+    QCOMPARE(boxesShown(f.platform),
+             box.isEmpty() ? QStringList() : QStringList{": " + box.arg(path)});
     QVERIFY(box.isEmpty() || f.platform.boxes()[0].icon == MsgIcon::None);
     QVERIFY(!f.platform.busy);
     if (how == QLatin1String("empty")) {
@@ -125,12 +149,22 @@ void TestFiles::limitOf32000Games() {
     QByteArray file;
     for (int i = 0; i < 32001; ++i)
         file += "1. e4 *\r\n\r\n";
-    f.openText(file);
+    const QString path = f.openText(file);
     QCOMPARE(boxesShown(f.platform),
              QStringList{"Ravelund Limit = 32,000 Games: Maximum Limit Of Database Reached"});
     QCOMPARE(f.platform.boxes()[0].icon, MsgIcon::None);
     QCOMPARE(f.main().lstPGNFiles->ListCount(), int16_t(32000));
     QCOMPARE(f.main().sbStatusBar->panelText(1), QStringLiteral("Game 1 Of 32000"));
+    // The store holds part of the file: Save All asks where to write, as Save All As does,
+    // and the user may name the same file.
+    f.platform.clear();
+    f.platform.queueSave(path);
+    f.main().mnuFileSaveAll_Click();
+    QCOMPARE(f.platform.ofKind(QStringLiteral("showSave")).size(), size_t(1));
+    QCOMPARE(AppFixture::readFile(path).size(), qsizetype(32000 * 12));
+    // Now the file holds the store, and Save All writes without asking.
+    f.main().mnuFileSaveAll_Click();
+    QCOMPARE(f.platform.ofKind(QStringLiteral("showSave")).size(), size_t(1));
 }
 
 void TestFiles::progressWindowPaints() {
@@ -274,6 +308,75 @@ void TestFiles::saveAllRules() {
     QVERIFY(!f.platform.busy);
 }
 
+void TestFiles::failedSaveKeepsTheFileAndTheWindow_data() {
+    QTest::addColumn<bool>("full"); // a full file system, else a read-only folder
+    QTest::newRow("read-only folder") << false;
+    QTest::newRow("full file system") << true;
+}
+
+void TestFiles::failedSaveKeepsTheFileAndTheWindow() {
+    QFETCH(bool, full);
+    // A file system of its own, small enough to fill: a tmpfs, which only root may mount.
+    QTemporaryDir folder;
+    const bool mounted = geteuid() == 0 && QProcess::execute(QStringLiteral("mount"),
+                                                             {"-t", "tmpfs", "-o", "size=64k",
+                                                              "tmpfs", folder.path()}) == 0;
+    auto unmount = qScopeGuard([&] {
+        if (mounted)
+            QProcess::execute(QStringLiteral("umount"), {folder.path()});
+    });
+    if (!mounted && (full || geteuid() == 0))
+        QSKIP("needs root and a tmpfs of its own");
+    const QString path = folder.filePath(QStringLiteral("games.pgn"));
+    {
+        QFile out(path);
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        out.write(kThreeGames);
+    }
+    AppFixture f;
+    frmMain& w = f.main();
+    f.open(path);
+    // A new game whose comment is larger than the space left, saved into the store.
+    w.mnuFileNew_Click();
+    w.Tavlon1->LoadMoves(QStringLiteral("1. e4 {%1} *").arg(QString(100000, u'x')));
+    w.Tavlon1->setGameChanged(true);
+    w.mnuFileSave_Click();
+    if (!full) {
+        if (mounted)
+            QCOMPARE(
+                QProcess::execute(QStringLiteral("mount"), {"-o", "remount,ro", folder.path()}), 0);
+        else
+            QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
+    }
+    const QString title = w.windowTitle();
+    f.platform.clear();
+    // At the end of the run the user says Yes to saving the file; the save fails, the user is
+    // told why, and the window stays open with the work in it.
+    f.platform.queueMsgBox(MsgResult::Yes);
+    QVERIFY(!w.close());
+    const QStringList boxes = boxesShown(f.platform);
+    QCOMPARE(boxes.size(), 2);
+    QCOMPARE(boxes[0], QStringLiteral("Unsaved File Changes: The PGN file has changed. Save "
+                                      "changes before continuing?"));
+    QVERIFY2(boxes[1].startsWith(QStringLiteral("Save Error: Cannot write \"%1\": ").arg(path)) &&
+                 boxes[1].size() >
+                     QStringLiteral("Save Error: Cannot write \"%1\": ").arg(path).size(),
+             qPrintable(boxes[1]));
+    QCOMPARE(f.platform.boxes()[1].icon, MsgIcon::Exclamation);
+    QVERIFY(f.m().SaveCancelled);
+    QVERIFY(f.m().FileChanged);
+    QCOMPARE(f.m().gameCount(), 4);
+    QCOMPARE(f.m().PGNFileName, path);
+    QCOMPARE(w.windowTitle(), title);
+    // The file is as it was, and nothing else was left beside it.
+    QCOMPARE(AppFixture::readFile(path), kThreeGames);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"games.pgn"});
+    QVERIFY(!f.platform.busy);
+    if (!mounted)
+        QFile::setPermissions(folder.path(),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
 void TestFiles::saveNewGameThenSaveAgain() {
     AppFixture f;
     f.openText(kClubFile);
@@ -342,6 +445,12 @@ void TestFiles::saveAsWritesTagsAndMoveList() {
     f.platform.queueSaveCancel();
     w.mnuFileSaveAs_Click();
     QVERIFY(f.platform.boxes().empty());
+    QVERIFY(!f.platform.busy);
+    // A file that cannot be written is named in a box with the reason.
+    f.platform.unwritable.insert(out);
+    f.platform.queueSave(out);
+    w.mnuFileSaveAs_Click();
+    QCOMPARE(boxesShown(f.platform), QStringList{"Save Error: Path/File access error"});
     QVERIFY(!f.platform.busy);
 }
 

@@ -92,6 +92,15 @@ void TestViewer::failedLoadShowsTheErrorBox() {
     QCOMPARE(boxesShown(f.platform),
              QStringList{"Game Error: Error loading game. This game cannot be loaded."});
     QCOMPARE(f.platform.boxes()[0].icon, MsgIcon::Exclamation);
+    // Behind the box's details, the board's reason: the move, its number, what is wrong.
+    QString reason;
+    try {
+        Tavlon().LoadMoves(QStringLiteral("1. e4 e4 * \r\n"));
+    } catch (const std::exception& e) {
+        reason = QString::fromUtf8(e.what());
+    }
+    QVERIFY(!reason.isEmpty());
+    QCOMPARE(f.platform.boxes()[0].detail, reason);
     // CurrentGame and the tags already belong to the failed game; the board keeps its game.
     QCOMPARE(f.m().CurrentGame, int16_t(3));
     QCOMPARE(w.lstTags->items(), QStringList{"[Event \"Broken\"]"});
