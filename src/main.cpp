@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 
 int main(int argc, char* argv[]) {
     QApplication qapp(argc, argv);
@@ -17,6 +18,14 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("tolvisk"), builtIn));
     tolvisk::QtPlatform platform;
     tolvisk::Application app(platform, &tolvisk::createForm, &tolvisk::createOutput);
-    app.loadMain().show();
+    tolvisk::frmMain& main = app.loadMain();
+    main.show();
+    // A file named on the command line (as the desktop passes one) opens once the window is up,
+    // through Open's own path.
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() > 1)
+        QTimer::singleShot(0, &main, [&main, path = arguments.at(1)] {
+            main.run([&main, &path] { main.openFile(path); });
+        });
     return qapp.exec();
 }

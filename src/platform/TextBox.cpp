@@ -2,9 +2,11 @@
 
 #include "platform/TextCodec.h"
 
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -174,6 +176,14 @@ QString TextBox::SelText() const {
     QString text = textCursor().selectedText();
     text.replace(QChar::ParagraphSeparator, kCrLf);
     return text;
+}
+
+bool TextBox::canInsertFromMimeData(const QMimeData* source) const {
+    for (const QUrl& url : source->urls()) {
+        if (url.isLocalFile())
+            return false;
+    }
+    return QPlainTextEdit::canInsertFromMimeData(source);
 }
 
 void TextBox::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -37,6 +37,8 @@ signals:
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    // Files dragged over a text box are not text to insert: the drop goes on to the window.
+    bool canInsertFromMimeData(const QMimeData* source) const override;
 
 private:
     // A line of the text as given and as shown: where it starts in each, its length and how

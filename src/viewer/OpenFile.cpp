@@ -9,17 +9,30 @@
 #include "viewer/frmLoadFile.h"
 #include "viewer/frmMain.h"
 
+#include <QFileInfo>
+
 #include <memory>
 
 namespace tolvisk {
 
 void frmMain::mnuFileOpen_Click() {
+    openGames(std::nullopt);
+}
+
+void frmMain::openFile(const QString& path) {
+    // A path from the command line or a drop may be relative to where the program started;
+    // the title and Save All want the file wherever the working folder goes.
+    openGames(QFileInfo(path).absoluteFilePath());
+}
+
+void frmMain::openGames(const std::optional<QString>& path) {
     if (!promptSaveBoth())
         return;
     std::unique_ptr<TextFileReader> file;
     std::unique_ptr<frmLoadFile> progress;
     try {
-        const QString FileToOpen = platform_.showOpen(kPgnFileFilter, openDialogStartDir());
+        const QString FileToOpen =
+            path ? *path : platform_.showOpen(kPgnFileFilter, openDialogStartDir());
         if (FileToOpen.isEmpty())
             return;
         rememberOpenDir(FileToOpen);

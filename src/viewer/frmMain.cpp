@@ -11,7 +11,9 @@
 #include "viewer/TextEditors.h"
 
 #include <QDir>
+#include <QDropEvent>
 #include <QFileInfo>
+#include <QMimeData>
 
 namespace tolvisk {
 
@@ -19,6 +21,7 @@ frmMain::frmMain(Application& app)
     : QMainWindow(nullptr), app_(app), m_(app.module()), platform_(app.platform()) {
     setObjectName(QStringLiteral("frmMain"));
     createControls();
+    setAcceptDrops(true);
 }
 
 frmMain::~frmMain() = default;
@@ -69,6 +72,28 @@ void frmMain::closeEvent(QCloseEvent* event) {
     }
     Form_Unload();
     event->accept();
+}
+
+QString frmMain::droppedFile(const QMimeData* data) {
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile())
+            return url.toLocalFile();
+    }
+    return QString();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const QString path = droppedFile(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    activateWindow();
+    run([this, path] { openFile(path); });
 }
 
 void frmMain::mnuFileExit_Click() {

@@ -8,12 +8,15 @@
 #include "platform/Controls.h"
 
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPushButton>
 
 #include <functional>
+#include <optional>
 
 namespace tolvisk {
 
@@ -138,6 +141,9 @@ public:
 
     // Import (OpenFile.cpp).
     void mnuFileOpen_Click();
+    // Opens a file named on the command line or dropped on the window: Open without its
+    // dialog, prompts, progress, limit and boxes alike.
+    void openFile(const QString& path);
 
     // Saving (Save.cpp).
     void mnuFileSave_Click();
@@ -208,6 +214,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     Application& app_;
@@ -241,6 +249,10 @@ private:
     // shows nothing, for a cancelled dialog.
     bool reportSaveFailure(const std::exception& e);
     void rememberOpenDir(const QString& path);
+    // Open's steps, with the file dialog when no path is given.
+    void openGames(const std::optional<QString>& path);
+    // A drop of local files on the window opens the first of them.
+    static QString droppedFile(const QMimeData* data);
     // A control's top in twips from the top of the client area, toolbar included.
     void setTopTwips(QWidget* widget, int top);
 };

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QMimeData>
 #include <QProcess>
 #include <QProgressBar>
 #include <QScopeGuard>
@@ -65,6 +66,8 @@ private slots:
     void promptsAndTheirCancel();
     void saveAsWritesTagsAndMoveList();
     void commentsSurviveSaveAndReopen();
+    void desktopOpensLikeOpen_data();
+    void desktopOpensLikeOpen();
 };
 
 void TestFiles::openShowsTheFirstGame() {
@@ -479,6 +482,57 @@ void TestFiles::commentsSurviveSaveAndReopen() {
     w.mnuFileLoad_Click();
     QVERIFY(f.platform.boxes().empty());
     QCOMPARE(w.Tavlon1->MovesAnnotated(), annotated);
+}
+
+void TestFiles::desktopOpensLikeOpen_data() {
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<bool>("exists");
+    for (const char* how : {"command line", "drop on the window", "drop on the move list"}) {
+        QTest::addRow("%s, a PGN file", how) << how << true;
+        QTest::addRow("%s, no such file", how) << how << false;
+    }
+}
+
+void TestFiles::desktopOpensLikeOpen() {
+    QFETCH(QString, how);
+    QFETCH(bool, exists);
+    AppFixture f;
+    const QString path = exists ? f.writeFile(QStringLiteral("club.pgn"), kClubFile)
+                                : f.platform.path(QStringLiteral("missing.pgn"));
+    // What File > Open makes of the same path is the yardstick.
+    f.platform.queueOpen(path);
+    f.main().mnuFileOpen_Click();
+    const QStringList openBoxes = boxesShown(f.platform);
+    const QString openTitle = f.main().windowTitle();
+    f.platform.queueMsgBox(MsgResult::Yes);
+    f.main().mnuFileClose_Click();
+    f.platform.clear();
+    f.main().Tavlon1->setGameChanged(true);
+    f.platform.queueMsgBox(MsgResult::No); // the changed game is not saved first
+
+    if (how == QLatin1String("command line")) {
+        // Relative to the folder the program was started in.
+        QDir::setCurrent(f.platform.dir());
+        f.main().openFile(QFileInfo(path).fileName());
+    } else {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QWidget* target = how.endsWith(QLatin1String("window")) ? static_cast<QWidget*>(&f.main())
+                                                                : f.main().txtMoveList->viewport();
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &drop);
+    }
+    // The save prompt first, then no dialog: the path is given.
+    QCOMPARE(f.platform.kinds().first(), QStringLiteral("msgBox"));
+    QVERIFY(!f.platform.kinds().contains(QStringLiteral("showOpen")));
+    QCOMPARE(boxesShown(f.platform).mid(1), openBoxes);
+    QCOMPARE(f.main().windowTitle(), openTitle);
+    QCOMPARE(f.m().gameCount(), exists ? 2 : 0);
+    QCOMPARE(f.m().PGNFileName, path);
+    QVERIFY(!f.platform.busy);
 }
 
 QTEST_MAIN(TestFiles)
